@@ -1,0 +1,20 @@
+# Release build for Windows 95/98: i686, win32 thread model (the -posix
+# runtime imports functions Windows 9x lacks), static, stripped, and marked as
+# a Windows 4.0 program so that Windows 95 agrees to load it.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR i686)
+set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-win32)
+set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-win32)
+set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/i686-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_C_FLAGS_INIT "-march=i586")
+set(CMAKE_CXX_FLAGS_INIT "-march=i586")
+set(_win4 "-Wl,--major-subsystem-version,4,--minor-subsystem-version,0,--major-os-version,4,--minor-os-version,0")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -s ${_win4}")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -s ${_win4}")
+set(PRISMO_TESTS OFF CACHE BOOL "" FORCE)
+set(PRISMO_RELEASE_CHECKS ON CACHE BOOL "" FORCE)
+set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)

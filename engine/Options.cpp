@@ -1,0 +1,4 @@
+// The one Options record of the program.
+#include "Options.h"
+
+OptionsRecord Options;
