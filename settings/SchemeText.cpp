@@ -1,14 +1,17 @@
 // Scheme-file lines and scheme-file text.
 #include "SchemeText.h"
 
+#include "Catalog.h"
 #include "Convert.h"
 
 #include <algorithm>
 #include <cctype>
 
-const char* const kSchemeColorNames[6] = {"One", "Two", "Three", "Four", "Five", "Six"};
-
 namespace {
+
+// The file's own key for the number of colours; the registry calls it
+// "Fade Number".
+constexpr char kFadeNumberKey[] = "FadeNumber";
 
 std::string Lower(std::string text)
 {
@@ -29,6 +32,8 @@ std::string StyleText(const std::string& stored)
     return value && *value ? "True" : "False";
 }
 
+std::string Line(const char* key, const std::string& value) { return std::string(key) + "=" + value + "\r\n"; }
+
 }  // namespace
 
 std::optional<SchemeLineValue> ParseSchemeText(const std::string& line)
@@ -38,47 +43,59 @@ std::optional<SchemeLineValue> ParseSchemeText(const std::string& line)
     const std::string key = line.substr(0, equals);
     const std::string value = line.substr(equals + 1);
     const std::string lower = Lower(key);
-    if (lower == "fadenumber") return SchemeLineValue{"Fade Number", value};
-    static const char* const kKeys[] = {"one",  "two",  "three",  "four",  "five",
-                                        "six",  "wavy", "bold",   "italic", "uline"};
-    for (const char* k : kKeys)
-        if (lower == k) return SchemeLineValue{key, value};
+    if (lower == Lower(kFadeNumberKey)) return SchemeLineValue{ValueName::FadeNumber, value};
+    // Every other scheme value is stored under the file's key as spelled;
+    // value names are not case-sensitive, so "one" is "One".
+    for (const char* name : kSchemeValueNames)
+        if (std::string(name) != ValueName::FadeNumber && lower == Lower(name)) return SchemeLineValue{key, value};
     return std::nullopt;
+}
+
+std::vector<std::string> SplitSchemeLines(const std::string& contents)
+{
+    std::vector<std::string> lines;
+    std::size_t at = 0;
+    while (at < contents.size()) {
+        std::size_t end = contents.find_first_of("\r\n", at);
+        if (end == std::string::npos) end = contents.size();
+        lines.push_back(contents.substr(at, end - at));
+        // A CR LF pair ends one line, not two.
+        at = end + 1;
+        if (end < contents.size() && contents[end] == '\r' && at < contents.size() && contents[at] == '\n') ++at;
+    }
+    return lines;
 }
 
 std::string FormatSchemeFile(const SchemeTexts& s)
 {
-    std::string out = "[Options]\r\nFadeNumber=" + s.fadeNumber + "\r\n\r\n[Colors]\r\n";
-    for (int i = 0; i < 6; ++i) out += std::string(kSchemeColorNames[i]) + "=" + ColorText(s.colors[i]) + "\r\n";
+    std::string out = "[Options]\r\n" + Line(kFadeNumberKey, s.fadeNumber) + "\r\n[Colors]\r\n";
+    for (int i = 0; i < 6; ++i) out += Line(kColorValueNames[i], ColorText(s.colors[i]));
     out += "\r\n[Style]\r\n";
-    out += "Wavy=" + StyleText(s.wavy) + "\r\n";
-    out += "Bold=" + StyleText(s.bold) + "\r\n";
-    out += "Italic=" + StyleText(s.italic) + "\r\n";
-    out += "ULine=" + StyleText(s.uline) + "\r\n";
+    out += Line(ValueName::Wavy, StyleText(s.wavy));
+    out += Line(ValueName::Bold, StyleText(s.bold));
+    out += Line(ValueName::Italic, StyleText(s.italic));
+    out += Line(ValueName::ULine, StyleText(s.uline));
     return out;
+}
+
+std::string* SchemeField(SchemeTexts& s, const std::string& valueName)
+{
+    const std::string name = Lower(valueName);
+    if (name == Lower(ValueName::FadeNumber)) return &s.fadeNumber;
+    if (name == Lower(ValueName::Wavy)) return &s.wavy;
+    if (name == Lower(ValueName::Bold)) return &s.bold;
+    if (name == Lower(ValueName::Italic)) return &s.italic;
+    if (name == Lower(ValueName::ULine)) return &s.uline;
+    for (int i = 0; i < 6; ++i)
+        if (name == Lower(kColorValueNames[i])) return &s.colors[i];
+    return nullptr;
 }
 
 SchemeTexts ParseSchemeFile(const std::string& contents)
 {
     SchemeTexts s;
-    std::size_t at = 0;
-    while (at < contents.size()) {
-        std::size_t end = contents.find_first_of("\r\n", at);
-        if (end == std::string::npos) end = contents.size();
-        if (auto v = ParseSchemeText(contents.substr(at, end - at))) {
-            const std::string name = Lower(v->name);
-            if (name == "fade number") s.fadeNumber = v->value;
-            else if (name == "wavy") s.wavy = v->value;
-            else if (name == "bold") s.bold = v->value;
-            else if (name == "italic") s.italic = v->value;
-            else if (name == "uline") s.uline = v->value;
-            else
-                for (int i = 0; i < 6; ++i)
-                    if (name == Lower(kSchemeColorNames[i])) s.colors[i] = v->value;
-        }
-        // A CR LF pair ends one line, not two.
-        at = end + 1;
-        if (end < contents.size() && contents[end] == '\r' && at < contents.size() && contents[at] == '\n') ++at;
-    }
+    for (const std::string& line : SplitSchemeLines(contents))
+        if (auto v = ParseSchemeText(line))
+            if (std::string* field = SchemeField(s, v->name)) *field = v->value;
     return s;
 }

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 // What one scheme-file line stores: the registry value name and its text.
 struct SchemeLineValue {
@@ -17,6 +18,10 @@ struct SchemeLineValue {
 // under the key as spelled in the file. The value is everything after the
 // first "=", untrimmed.
 std::optional<SchemeLineValue> ParseSchemeText(const std::string& line);
+
+// The lines of a file's text: CR LF, a lone CR and a lone LF each end one
+// line; a last line without an ending still counts.
+std::vector<std::string> SplitSchemeLines(const std::string& contents);
 
 // A stored scheme as its registry texts, as read (empty when missing).
 struct SchemeTexts {
@@ -34,5 +39,6 @@ std::string FormatSchemeFile(const SchemeTexts& scheme);
 // the import does (later lines win).
 SchemeTexts ParseSchemeFile(const std::string& contents);
 
-// The registry value names of a scheme, in file order of the colours.
-extern const char* const kSchemeColorNames[6];
+// The text a scheme keeps under one of its value names (any case), or null
+// for a name a scheme does not have.
+std::string* SchemeField(SchemeTexts& scheme, const std::string& valueName);

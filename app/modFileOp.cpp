@@ -1,0 +1,154 @@
+// Whole-file operations over the Win32 file API.
+#include "modFileOp.h"
+
+#include "Win32Error.h"
+
+#include <windows.h>
+
+#include <utility>
+
+namespace {
+
+// An owning file handle.
+class FileHandle {
+public:
+    explicit FileHandle(HANDLE handle) : handle_(handle) {}
+    FileHandle(FileHandle&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
+    FileHandle& operator=(FileHandle&&) = delete;
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+    ~FileHandle()
+    {
+        if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+    }
+    HANDLE get() const { return handle_; }
+    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+
+private:
+    HANDLE handle_;
+};
+
+// An owning search handle of FindFirstFileA.
+class FindHandle {
+public:
+    FindHandle(const std::string& pattern, WIN32_FIND_DATAA& found)
+        : handle_(FindFirstFileA(pattern.c_str(), &found)) {}
+    FindHandle(const FindHandle&) = delete;
+    FindHandle& operator=(const FindHandle&) = delete;
+    ~FindHandle()
+    {
+        if (handle_ != INVALID_HANDLE_VALUE) FindClose(handle_);
+    }
+    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+    bool Next(WIN32_FIND_DATAA& found) { return FindNextFileA(handle_, &found) != FALSE; }
+
+private:
+    HANDLE handle_;
+};
+
+FileHandle OpenOrRaise(const std::string& path, DWORD access, DWORD disposition)
+{
+    FileHandle file(CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                                nullptr));
+    if (!file) RaiseLastError();
+    return file;
+}
+
+bool IsPlainFile(const WIN32_FIND_DATAA& found)
+{
+    return (found.dwFileAttributes &
+            (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
+}
+
+bool IsListedByDirectorySearch(const WIN32_FIND_DATAA& found)
+{
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 || IsPlainFile(found);
+}
+
+}  // namespace
+
+bool FileExists(const std::string& path)
+{
+    WIN32_FIND_DATAA found;
+    FindHandle search(path, found);
+    return static_cast<bool>(search);
+}
+
+bool DirExists(const std::string& path)
+{
+    if (path.empty()) return false;
+    // "C:\Folder\" lists the folder itself: its "." entry answers.
+    const std::string pattern = path.back() == '\\' ? path + "*" : path;
+    WIN32_FIND_DATAA found;
+    FindHandle search(pattern, found);
+    if (!search) return false;
+    do {
+        if (IsListedByDirectorySearch(found)) return true;
+    } while (search.Next(found));
+    return false;
+}
+
+std::string ReadFile(const std::string& path)
+{
+    FileHandle file = OpenOrRaise(path, GENERIC_READ, OPEN_EXISTING);
+    const DWORD size = GetFileSize(file.get(), nullptr);
+    if (size == INVALID_FILE_SIZE) RaiseLastError();
+    std::string text(size, '\0');
+    DWORD done = 0;
+    while (done < size) {
+        DWORD read = 0;
+        if (!::ReadFile(file.get(), &text[done], size - done, &read, nullptr)) RaiseLastError();
+        if (read == 0) break;  // the file shrank while we read it
+        done += read;
+    }
+    text.resize(done);
+    return text;
+}
+
+bool WriteFile(const std::string& path, const std::string& text)
+{
+    FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                                nullptr));
+    if (!file) return false;
+    DWORD done = 0;
+    while (done < text.size()) {
+        DWORD written = 0;
+        if (!::WriteFile(file.get(), text.data() + done, static_cast<DWORD>(text.size() - done), &written, nullptr) ||
+            written == 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
+std::vector<std::string> FileNames(const std::string& pattern)
+{
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA found;
+    FindHandle search(pattern, found);
+    if (!search) return names;
+    do {
+        if (IsPlainFile(found)) names.emplace_back(found.cFileName);
+    } while (search.Next(found));
+    return names;
+}
+
+void FileCopy(const std::string& source, const std::string& target)
+{
+    if (!CopyFileA(source.c_str(), target.c_str(), FALSE)) RaiseLastError();
+}
+
+void Kill(const std::string& path)
+{
+    if (!DeleteFileA(path.c_str())) RaiseLastError();
+}
+
+void TouchFile(const std::string& path)
+{
+    OpenOrRaise(path, GENERIC_WRITE, OPEN_ALWAYS);
+}
+
+void MkDir(const std::string& path)
+{
+    if (!CreateDirectoryA(path.c_str(), nullptr)) RaiseLastError();
+}

@@ -1,0 +1,101 @@
+// LoadOptions and LoadUserColors: the stored settings into the Options record.
+#include "OptionsLoad.h"
+
+#include "Catalog.h"
+#include "Convert.h"
+#include "ErrorTrap.h"
+#include "Options.h"
+#include "modRegKeys.h"
+
+#include <optional>
+
+namespace {
+
+constexpr char kTrue[] = "True";
+constexpr char kFalse[] = "False";
+
+// A boolean that is on unless stored "False"; an unknown text changes nothing.
+void LoadOnByDefault(const SettingName& setting, bool& field)
+{
+    const std::string text = ReadSetting(setting);
+    if (text == kTrue || text.empty()) field = true;
+    else if (text == kFalse) field = false;
+}
+
+// A boolean that is off unless stored "True"; an unknown text changes nothing.
+void LoadOffByDefault(const SettingName& setting, bool& field)
+{
+    const std::string text = ReadSetting(setting);
+    if (text == kTrue) field = true;
+    else if (text == kFalse || text.empty()) field = false;
+}
+
+[[noreturn]] void TypeMismatch() { throw RuntimeError(Err::TypeMismatch, "Type mismatch"); }
+
+template <class T>
+T Converted(const std::optional<T>& value)
+{
+    if (!value) TypeMismatch();
+    return *value;
+}
+
+template <class T, class Convert>
+void LoadNumber(const SettingName& setting, T& field, T fallback, Convert convert)
+{
+    const std::string text = ReadSetting(setting);
+    field = text.empty() ? fallback : static_cast<T>(Converted(convert(text)));
+}
+
+void LoadText(const SettingName& setting, std::string& field, const char* fallback)
+{
+    field = ReadSetting(setting);
+    if (field.empty()) field = fallback;
+}
+
+ColorValue LoadUserColor(const SettingName& setting, ColorValue fallback)
+{
+    const std::string text = Trim(ReadSetting(setting));
+    return text.empty() ? fallback : Converted(ToLong(text));
+}
+
+}  // namespace
+
+void LoadOptionsWith(char decimalPoint)
+{
+    OptionsRecord& o = Options;
+    ErrorTrap trap("modPrismo", "LoadOptions");
+    auto step = [&trap](auto&& load) { return trap.Run(load); };
+    const auto whole = [](const std::string& t) { return ToLong(t); };
+    const auto small = [](const std::string& t) { return ToInteger(t); };
+    const auto real = [decimalPoint](const std::string& t) { return ToDouble(t, decimalPoint); };
+
+    // The order of the reads is the order the user's settings take effect
+    // when one of them is broken and the report is answered Abort.
+    if (!step([&] { LoadOnByDefault(Setting::FaderOn, o.FaderOn); })) return;
+    if (!step([&] { LoadText(Setting::DefaultScheme, o.DefaultScheme, kDefaultSchemeName); })) return;
+    if (!step([&] { LoadOffByDefault(Setting::Wavy, o.Wavy); })) return;
+    if (!step([&] { LoadOffByDefault(Setting::Bold, o.Bold); })) return;
+    if (!step([&] { LoadOffByDefault(Setting::Italic, o.Italic); })) return;
+    if (!step([&] { LoadOffByDefault(Setting::ULine, o.ULine); })) return;
+    if (!step([&] { LoadNumber(Setting::FadeNumber, o.FadeNumber, std::int16_t{5}, small); })) return;
+    for (int i = 0; i < 6; ++i)
+        if (!step([&] { LoadNumber(Setting::Colors[i], o.Colors[i], ColorValue{0}, whole); })) return;
+    if (!step([&] { LoadOnByDefault(Setting::ShowFadePanelWithChat, o.ShowFadePanelWithChat); })) return;
+    if (!step([&] { LoadOnByDefault(Setting::UseMultiline, o.UseMultiline); })) return;
+    if (!step([&] { LoadNumber(Setting::MultilineBurst, o.MultilineBurst, 1.5f, real); })) return;
+    if (!step([&] { LoadNumber(Setting::CharsInLine, o.CharsInLine, std::int32_t{60}, whole); })) return;
+    if (!step([&] { LoadOffByDefault(Setting::UseAlias, o.UseAlias); })) return;
+    if (!step([&] { o.AliasName = ReadSetting(Setting::AliasName); })) return;
+    if (!step([&] { LoadOnByDefault(Setting::ShowEMailSample, o.ShowEMailSample); })) return;
+    if (!step([&] { LoadOnByDefault(Setting::UseChatKW, o.UseChatKW); })) return;
+    if (!step([&] { LoadOnByDefault(Setting::ShowEFToolbar, o.ShowEFToolbar); })) return;
+    step([&] { LoadOffByDefault(Setting::SolidFade, o.SolidFade); });
+}
+
+void LoadUserColors()
+{
+    Options.WindowColor = LoadUserColor(Setting::WindowColor, kDefaultWindowColor);
+    Options.ButtonForecolor = LoadUserColor(Setting::ButtonForecolor, kDefaultButtonForecolor);
+    Options.ButtonHighlight = LoadUserColor(Setting::ButtonHighlight, kDefaultButtonHighlight);
+    Options.ButtonText = LoadUserColor(Setting::ButtonText, kDefaultButtonText);
+}

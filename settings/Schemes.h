@@ -1,0 +1,15 @@
+// Fade Schemes in the settings store: one scheme-file line into a section,
+// and a stored scheme read back as its texts.
+#pragma once
+
+#include "SchemeText.h"
+
+#include <string>
+
+// Applies one line of a scheme file to `section` (normally "Schemes\" + name):
+// a line with a key a scheme has stores its value; every other line stores
+// nothing.
+void ParseSchemeLine(const std::string& section, const std::string& line);
+
+// The stored scheme of that name, each value as read (empty when missing).
+SchemeTexts ReadScheme(const std::string& schemeName);
