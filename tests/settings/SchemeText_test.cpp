@@ -1,0 +1,157 @@
+// Scheme-file lines and files, the catalogue and the number conversions the
+// stored settings go through.
+#include "Catalog.h"
+#include "Convert.h"
+#include "SchemeText.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <set>
+
+namespace {
+
+std::string Lower(std::string s)
+{
+    std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return s;
+}
+
+TEST(SchemeLine, KeysMatchInAnyCaseAndKeepTheirSpelling)
+{
+    auto upper = ParseSchemeText("ONE=255");
+    ASSERT_TRUE(upper);
+    EXPECT_EQ(upper->name, "ONE");
+    EXPECT_EQ(upper->value, "255");
+
+    auto number = ParseSchemeText("FADENUMBER=3");
+    ASSERT_TRUE(number);
+    EXPECT_EQ(number->name, "Fade Number");
+
+    auto style = ParseSchemeText("uLiNe=True");
+    ASSERT_TRUE(style);
+    EXPECT_EQ(style->name, "uLiNe");
+}
+
+TEST(SchemeLine, ValueIsEverythingAfterTheFirstEqualsUntrimmed)
+{
+    auto line = ParseSchemeText("Two=12=34");
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->name, "Two");
+    EXPECT_EQ(line->value, "12=34");
+    EXPECT_EQ(ParseSchemeText("Three= 7 ")->value, " 7 ");
+    EXPECT_EQ(ParseSchemeText("Four=")->value, "");
+}
+
+TEST(SchemeLine, LinesWithoutASchemeKeyStoreNothing)
+{
+    for (const char* line : {"[Colors]", "", "One 255", "Fade Number=5", "SolidFade=True", " One=1", "One =1",
+                             "Default=Cool Fade", "=5", "Seven=1"})
+        EXPECT_FALSE(ParseSchemeText(line)) << line;
+}
+
+TEST(SchemeLine, EveryKeyStoresUnderASchemeValueName)
+{
+    std::set<std::string> allowed;
+    for (const char* name : kSchemeValueNames) allowed.insert(Lower(name));
+    for (const char* key : {"fadenumber", "one", "two", "three", "four", "five", "six", "wavy", "bold", "italic",
+                            "uline"}) {
+        auto line = ParseSchemeText(std::string(key) + "=1");
+        ASSERT_TRUE(line) << key;
+        EXPECT_EQ(allowed.count(Lower(line->name)), 1u) << key;
+    }
+}
+
+TEST(SchemeFile, SplitsOnEveryKindOfLineEnd)
+{
+    using Lines = std::vector<std::string>;
+    EXPECT_EQ(SplitSchemeLines("a\r\nb\rc\nd"), (Lines{"a", "b", "c", "d"}));
+    EXPECT_EQ(SplitSchemeLines("a\r\n\r\nb\r\n"), (Lines{"a", "", "b"}));
+    EXPECT_EQ(SplitSchemeLines("\n\r"), (Lines{"", ""}));
+    EXPECT_EQ(SplitSchemeLines(""), Lines{});
+}
+
+TEST(SchemeFile, WrittenInTheFixedOrderWithCrLf)
+{
+    SchemeTexts s;
+    s.fadeNumber = "3";
+    s.colors[0] = "255";
+    s.colors[1] = "-16777216";
+    s.colors[2] = "65280";
+    s.bold = "True";
+    s.wavy = "False";
+    s.italic = "True";
+    EXPECT_EQ(FormatSchemeFile(s),
+              "[Options]\r\nFadeNumber=3\r\n\r\n"
+              "[Colors]\r\nOne=255\r\nTwo=-16777216\r\nThree=65280\r\nFour=0\r\nFive=0\r\nSix=0\r\n\r\n"
+              "[Style]\r\nWavy=False\r\nBold=True\r\nItalic=True\r\nULine=False\r\n");
+}
+
+TEST(SchemeFile, UnreadableColoursAndStylesAreWrittenAsZeroAndFalse)
+{
+    SchemeTexts s;
+    s.fadeNumber = "x";  // written as it stands
+    s.colors[0] = "red";
+    s.colors[1] = " 42 ";
+    s.colors[2] = "99999999999";
+    s.wavy = "maybe";
+    s.bold = " ";
+    const std::string text = FormatSchemeFile(s);
+    EXPECT_NE(text.find("FadeNumber=x\r\n"), std::string::npos);
+    EXPECT_NE(text.find("One=0\r\nTwo=42\r\nThree=0\r\n"), std::string::npos);
+    EXPECT_NE(text.find("Wavy=False\r\nBold=False\r\n"), std::string::npos);
+}
+
+TEST(SchemeFile, ParsesBackWhatItWrites)
+{
+    SchemeTexts s;
+    s.fadeNumber = "6";
+    for (int i = 0; i < 6; ++i) s.colors[i] = std::to_string(i * 1000 - 2);
+    s.wavy = s.uline = "True";
+    s.bold = s.italic = "False";
+    SchemeTexts back = ParseSchemeFile(FormatSchemeFile(s));
+    EXPECT_EQ(back.fadeNumber, "6");
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(back.colors[i], s.colors[i]);
+    EXPECT_EQ(back.wavy, "True");
+    EXPECT_EQ(back.uline, "True");
+    EXPECT_EQ(back.bold, "False");
+}
+
+TEST(SchemeFile, LaterLinesWinAndHeadersMeanNothing)
+{
+    SchemeTexts s = ParseSchemeFile("[Style]\nOne=1\r\n[Colors]\rone=2\r\nBOLD=True\nFadeNumber=2");
+    EXPECT_EQ(s.colors[0], "2");
+    EXPECT_EQ(s.bold, "True");
+    EXPECT_EQ(s.fadeNumber, "2");
+}
+
+TEST(Catalog, NamesEverySettingOnce)
+{
+    std::set<std::string> seen;
+    for (std::size_t i = 0; i < kCatalogSize; ++i) {
+        const std::string key = Lower(std::string(kCatalog[i].section) + "\\" + kCatalog[i].name);
+        EXPECT_TRUE(seen.insert(key).second) << key;
+    }
+    EXPECT_EQ(SchemeSection("Cool Fade"), "Schemes\\Cool Fade");
+    EXPECT_EQ(std::string(kSettingsRoot), "Software\\Zun Software\\Prismo\\");
+}
+
+TEST(Convert, WholeTrimmedTextMustBeANumber)
+{
+    EXPECT_EQ(ToLong(" -42 "), -42);
+    EXPECT_EQ(ToLong("2147483647"), 2147483647);
+    EXPECT_FALSE(ToLong("2147483648"));
+    EXPECT_FALSE(ToLong("12abc"));
+    EXPECT_FALSE(ToLong("1 2"));
+    EXPECT_FALSE(ToLong("-"));
+    EXPECT_FALSE(ToInteger("40000"));
+    EXPECT_EQ(ToDouble("1,5", ','), 1.5);
+    EXPECT_FALSE(ToDouble("1.5", ','));
+    EXPECT_FALSE(ToDouble("1.2.3"));
+    EXPECT_EQ(ToBool("TRUE"), true);
+    EXPECT_EQ(ToBool("0"), false);
+    EXPECT_FALSE(ToBool("yes"));
+}
+
+}  // namespace
