@@ -1,0 +1,252 @@
+// AOL HTML in the simulator's rich text controls: chat lines rendered with
+// their colours and styles, the mail body read back as AOL HTML, and the
+// editor commands AOL's rich text control answers (undo, copy, paste of the
+// "AOLMAIL" clipboard format, clear, select all).
+#include "Sim.h"
+
+#include "AolHtml.h"
+
+#include <richedit.h>
+
+#include <cctype>
+
+namespace {
+
+// RTF of a control before the last paste, for the editor's undo.
+std::map<HWND, std::string> g_undo;
+
+void SetInsertFormat(HWND rich, const AolRun& run) {
+    CHARFORMAT2A cf{};
+    cf.cbSize = sizeof cf;
+    cf.dwMask = CFM_COLOR | CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_SUBSCRIPT;
+    cf.crTextColor = (COLORREF)run.color;
+    if (run.bold) cf.dwEffects |= CFE_BOLD;
+    if (run.italic) cf.dwEffects |= CFE_ITALIC;
+    if (run.underline) cf.dwEffects |= CFE_UNDERLINE;
+    if (run.baseline > 0) cf.dwEffects |= CFE_SUPERSCRIPT;
+    if (run.baseline < 0) cf.dwEffects |= CFE_SUBSCRIPT;
+    SendMessageA(rich, EM_SETCHARFORMAT, SCF_SELECTION, (LPARAM)&cf);
+}
+
+void InsertRuns(HWND rich, const std::vector<AolRun>& runs) {
+    for (const AolRun& run : runs) {
+        SetInsertFormat(rich, run);
+        SendMessageA(rich, EM_REPLACESEL, TRUE, (LPARAM)run.text.c_str());
+    }
+}
+
+// Line breaks in a mail are <BR> tags; the reader drops tags it does not
+// style, so they become paragraph marks first.
+std::string BreaksToParagraphs(const std::string& html) {
+    std::string out;
+    for (std::size_t i = 0; i < html.size(); ++i) {
+        if (html[i] == '<' && i + 3 < html.size() && std::toupper((unsigned char)html[i + 1]) == 'B' &&
+            std::toupper((unsigned char)html[i + 2]) == 'R' && html[i + 3] == '>') {
+            out += '\r';
+            i += 3;
+        } else {
+            out += html[i];
+        }
+    }
+    return out;
+}
+
+DWORD CALLBACK StreamOut(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* done) {
+    reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<char*>(buffer), size);
+    *done = size;
+    return 0;
+}
+
+struct StreamSource {
+    const std::string* text;
+    std::size_t pos;
+};
+
+DWORD CALLBACK StreamIn(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* done) {
+    auto* source = reinterpret_cast<StreamSource*>(cookie);
+    const std::size_t left = source->text->size() - source->pos;
+    const std::size_t n = left < (std::size_t)size ? left : (std::size_t)size;
+    memcpy(buffer, source->text->data() + source->pos, n);
+    source->pos += n;
+    *done = (LONG)n;
+    return 0;
+}
+
+std::string SaveRtf(HWND rich) {
+    std::string rtf;
+    EDITSTREAM stream{(DWORD_PTR)&rtf, 0, StreamOut};
+    SendMessageA(rich, EM_STREAMOUT, SF_RTF, (LPARAM)&stream);
+    return rtf;
+}
+
+void LoadRtf(HWND rich, const std::string& rtf) {
+    StreamSource source{&rtf, 0};
+    EDITSTREAM stream{(DWORD_PTR)&source, 0, StreamIn};
+    SendMessageA(rich, EM_STREAMIN, SF_RTF, (LPARAM)&stream);
+}
+
+std::string SelectedText(HWND rich) {
+    CHARRANGE range{};
+    SendMessageA(rich, EM_EXGETSEL, 0, (LPARAM)&range);
+    std::string text(range.cpMax - range.cpMin + 1, '\0');
+    const LRESULT got = SendMessageA(rich, EM_GETSELTEXT, 0, (LPARAM)text.data());
+    text.resize(got > 0 ? got : 0);
+    // The clipboard's plain text breaks lines with CR LF.
+    std::string out;
+    for (char c : text) {
+        if (c == '\r') out += "\r\n";
+        else if (c != '\n') out += c;
+    }
+    return out;
+}
+
+void PutClipboardText(HWND owner, const std::string& text) {
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, text.size() + 1);
+    if (!block) return;
+    memcpy(GlobalLock(block), text.c_str(), text.size());
+    GlobalUnlock(block);
+    if (!OpenClipboard(owner)) {
+        GlobalFree(block);
+        return;
+    }
+    EmptyClipboard();
+    if (!SetClipboardData(CF_TEXT, block)) GlobalFree(block);
+    CloseClipboard();
+}
+
+// The clipboard's "AOLMAIL" text, else its plain text read as if it had no tags.
+bool ReadPasteText(HWND owner, std::string& text, bool& isAolMail) {
+    if (!OpenClipboard(owner)) return false;
+    const UINT aolMail = RegisterClipboardFormatA("AOLMAIL");
+    HANDLE data = GetClipboardData(aolMail);
+    isAolMail = data != nullptr;
+    if (!data) data = GetClipboardData(CF_TEXT);
+    if (data) {
+        const char* bytes = static_cast<const char*>(GlobalLock(data));
+        if (bytes) text.assign(bytes, strnlen(bytes, GlobalSize(data)));
+        GlobalUnlock(data);
+    }
+    CloseClipboard();
+    return data != nullptr;
+}
+
+void Paste(HWND rich) {
+    std::string text;
+    bool isAolMail = false;
+    if (!ReadPasteText(rich, text, isAolMail)) return;
+    g_undo[rich] = SaveRtf(rich);
+    LogEvent(std::string(isAolMail ? "paste-aolmail\t" : "paste-text\t") + EscapeLogText(text));
+    SendMessageA(rich, EM_REPLACESEL, TRUE, (LPARAM)"");
+    if (isAolMail) {
+        InsertRuns(rich, ReadAolHtml(BreaksToParagraphs(text)));
+    } else {
+        AolRun plain;
+        plain.text = text;
+        InsertRuns(rich, {plain});
+    }
+}
+
+void Undo(HWND rich) {
+    auto it = g_undo.find(rich);
+    if (it == g_undo.end()) {
+        SendMessageA(rich, EM_UNDO, 0, 0);
+        return;
+    }
+    const std::string rtf = it->second;
+    g_undo.erase(it);
+    LoadRtf(rich, rtf);
+}
+
+std::string ColorTag(COLORREF color) {
+    char tag[40];
+    snprintf(tag, sizeof tag, "<FONT COLOR=\"#%02X%02X%02X\">", GetRValue(color), GetGValue(color), GetBValue(color));
+    return tag;
+}
+
+struct CharStyle {
+    COLORREF color = 0;
+    bool bold = false, italic = false, underline = false;
+    int baseline = 0;
+};
+
+CharStyle StyleAt(HWND rich, LONG index) {
+    CHARRANGE one{index, index + 1};
+    SendMessageA(rich, EM_EXSETSEL, 0, (LPARAM)&one);
+    CHARFORMAT2A cf{};
+    cf.cbSize = sizeof cf;
+    SendMessageA(rich, EM_GETCHARFORMAT, SCF_SELECTION, (LPARAM)&cf);
+    CharStyle style;
+    style.color = (cf.dwEffects & CFE_AUTOCOLOR) ? 0 : cf.crTextColor;
+    style.bold = cf.dwEffects & CFE_BOLD;
+    style.italic = cf.dwEffects & CFE_ITALIC;
+    style.underline = cf.dwEffects & CFE_UNDERLINE;
+    style.baseline = (cf.dwEffects & CFE_SUPERSCRIPT) ? 1 : (cf.dwEffects & CFE_SUBSCRIPT) ? -1 : 0;
+    return style;
+}
+
+// Tags that take the text from style `from` to style `to`.
+std::string StyleChange(const CharStyle& from, const CharStyle& to) {
+    std::string tags;
+    auto toggle = [&](bool was, bool is, const char* name) {
+        if (was != is) tags += std::string(is ? "<" : "</") + name + ">";
+    };
+    if (from.color != to.color) tags += ColorTag(to.color);
+    toggle(from.bold, to.bold, "B");
+    toggle(from.italic, to.italic, "I");
+    toggle(from.underline, to.underline, "U");
+    toggle(from.baseline > 0, to.baseline > 0, "SUP");
+    toggle(from.baseline < 0, to.baseline < 0, "SUB");
+    return tags;
+}
+
+}  // namespace
+
+void AppendChatLine(HWND transcript, const std::string& name, const std::string& html) {
+    CHARRANGE end{-1, -1};
+    SendMessageA(transcript, EM_EXSETSEL, 0, (LPARAM)&end);
+    AolRun who;
+    who.text = (GetWindowTextLengthA(transcript) > 0 ? "\r" : "") + name + ":\t";
+    InsertRuns(transcript, {who});
+    InsertRuns(transcript, ReadAolHtml(html));
+    SendMessageA(transcript, WM_VSCROLL, SB_BOTTOM, 0);
+}
+
+std::string ReadRichAsAolHtml(HWND rich) {
+    GETTEXTLENGTHEX lengthOf{GTL_NUMCHARS | GTL_PRECISE, CP_ACP};
+    const LONG length = (LONG)SendMessageA(rich, EM_GETTEXTLENGTHEX, (WPARAM)&lengthOf, 0);
+    std::string text(length + 1, '\0');
+    TEXTRANGEA range{{0, length}, text.data()};
+    text.resize(SendMessageA(rich, EM_GETTEXTRANGE, 0, (LPARAM)&range));
+
+    CHARRANGE kept{};
+    SendMessageA(rich, EM_EXGETSEL, 0, (LPARAM)&kept);
+    std::string html;
+    CharStyle current;
+    for (LONG i = 0; i < (LONG)text.size(); ++i) {
+        if (text[i] == '\r' || text[i] == '\n') {
+            if (text[i] == '\r') html += "<BR>";
+            continue;
+        }
+        const CharStyle next = StyleAt(rich, i);
+        html += StyleChange(current, next);
+        current = next;
+        html += text[i];
+    }
+    html += StyleChange(current, CharStyle{current.color});
+    SendMessageA(rich, EM_EXSETSEL, 0, (LPARAM)&kept);
+    return html;
+}
+
+bool RichEditorCommand(HWND rich, WORD id) {
+    switch (id) {
+    case 20000: Undo(rich); return true;
+    case 20001: SendMessageA(rich, WM_CUT, 0, 0); return true;
+    case 20002: PutClipboardText(rich, SelectedText(rich)); return true;
+    case 20003: Paste(rich); return true;
+    case 20004: SendMessageA(rich, WM_CLEAR, 0, 0); return true;
+    case 20005: SendMessageA(rich, EM_SETSEL, 0, -1); return true;
+    default: return false;
+    }
+}
+
+void ForgetRichControl(HWND rich) { g_undo.erase(rich); }

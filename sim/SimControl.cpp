@@ -1,0 +1,170 @@
+// The simulator's side of aolsimctl: each request names a command and its
+// arguments; the answer is the text aolsimctl prints, or why it failed.
+#include "Sim.h"
+
+#include <richedit.h>
+
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+using Args = std::vector<std::string>;
+using Handler = std::function<bool(const Args&, std::string&)>;
+
+std::string Join(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& line : lines) text += line + "\n";
+    return text;
+}
+
+std::string Hex(HWND hwnd) {
+    char text[32];
+    snprintf(text, sizeof text, "%llx", (unsigned long long)(UINT_PTR)hwnd);
+    return text;
+}
+
+bool Fail(std::string& reply, const std::string& why) {
+    reply = why;
+    return false;
+}
+
+SimChild* RoomOrFail(std::string& reply) {
+    SimChild* room = TopChild("room");
+    if (!room) reply = "no chat room is open";
+    return room;
+}
+
+SimChild* MailOrFail(std::string& reply) {
+    SimChild* mail = TopChild("mail");
+    if (!mail) reply = "no " + WriteMailCaption(Sim().config.edition) + " window is open";
+    return mail;
+}
+
+bool NeedArgs(const Args& args, std::size_t count, std::string& reply) {
+    if (args.size() - 1 >= count) return true;
+    return Fail(reply, args[0] + " needs " + std::to_string(count) + " argument(s)");
+}
+
+bool WindowHandle(const Args& args, std::string& reply) {
+    if (!NeedArgs(args, 1, reply)) return false;
+    const std::string& which = args[1];
+    HWND found = nullptr;
+    if (which == "frame") found = Sim().frame;
+    else if (which == "mdi") found = Sim().mdiClient;
+    else if (which == "input" || which == "send" || which == "room") {
+        SimChild* room = RoomOrFail(reply);
+        if (!room) return false;
+        found = which == "input" ? RoomInput(room) : which == "send" ? RoomSendIcon(room) : room->hwnd;
+    } else if (which == "mail-body" || which == "mail") {
+        SimChild* mail = MailOrFail(reply);
+        if (!mail) return false;
+        found = which == "mail" ? mail->hwnd : MailBody(mail);
+    } else {
+        return Fail(reply, "unknown window \"" + which + "\"");
+    }
+    reply = Hex(found);
+    return true;
+}
+
+bool Transcript(const Args&, std::string& reply) {
+    SimChild* room = RoomOrFail(reply);
+    if (!room) return false;
+    reply = Join(RoomTranscript(room));
+    return true;
+}
+
+bool Input(const Args&, std::string& reply) {
+    SimChild* room = RoomOrFail(reply);
+    if (!room) return false;
+    HWND input = RoomInput(room);
+    reply = WindowText(input) + "\n" + (IsWindowVisible(input) ? "visible" : "hidden") + "\n";
+    return true;
+}
+
+bool MailSelect(const Args& args, std::string& reply) {
+    if (!NeedArgs(args, 2, reply)) return false;
+    SimChild* mail = MailOrFail(reply);
+    if (!mail) return false;
+    long start = 0, length = 0;
+    if (sscanf(args[1].c_str(), "%ld", &start) != 1 || sscanf(args[2].c_str(), "%ld", &length) != 1)
+        return Fail(reply, "mail-select takes two numbers");
+    CHARRANGE range{start, length < 0 ? -1 : start + length};
+    SendMessageA(MailBody(mail), EM_EXSETSEL, 0, (LPARAM)&range);
+    return true;
+}
+
+bool MailText(const Args& args, std::string& reply) {
+    if (!NeedArgs(args, 1, reply)) return false;
+    SimChild* mail = MailOrFail(reply);
+    if (!mail) return false;
+    SendMessageA(MailBody(mail), WM_SETTEXT, 0, (LPARAM)args[1].c_str());
+    return true;
+}
+
+bool CloseRoom(const Args&, std::string& reply) {
+    SimChild* room = RoomOrFail(reply);
+    if (!room) return false;
+    SendMessageA(Sim().mdiClient, WM_MDIDESTROY, (WPARAM)room->hwnd, 0);
+    return true;
+}
+
+bool Windows(const Args&, std::string& reply) {
+    for (SimChild* child : ChildrenInOrder()) reply += std::string(child->Kind()) + "\t" + WindowText(child->hwnd) + "\n";
+    return true;
+}
+
+const std::map<std::string, Handler>& Commands() {
+    static const std::map<std::string, Handler> commands{
+        {"ping", [](const Args&, std::string& r) { r = "pong\n"; return true; }},
+        {"hwnd", WindowHandle},
+        {"transcript", Transcript},
+        {"input", Input},
+        {"open-room", [](const Args& a, std::string& r) { return NeedArgs(a, 1, r) && OpenChatRoom(a[1]) != nullptr; }},
+        {"close-room", CloseRoom},
+        {"open-mail", [](const Args&, std::string&) { return OpenWriteMail() != nullptr; }},
+        {"mail-select", MailSelect},
+        {"mail-text", MailText},
+        {"mail-body",
+         [](const Args&, std::string& r) {
+             SimChild* mail = MailOrFail(r);
+             if (mail) r = ReadRichAsAolHtml(MailBody(mail)) + "\n";
+             return mail != nullptr;
+         }},
+        {"mail-subject",
+         [](const Args&, std::string& r) {
+             SimChild* mail = MailOrFail(r);
+             if (mail) r = WindowText(MailSubject(mail)) + "\n";
+             return mail != nullptr;
+         }},
+        {"mail-attachments",
+         [](const Args&, std::string& r) {
+             SimChild* mail = MailOrFail(r);
+             if (mail) r = Join(MailAttachments(mail));
+             return mail != nullptr;
+         }},
+        {"open-window",
+         [](const Args& a, std::string& r) { return NeedArgs(a, 1, r) && OpenNamedWindow(a[1]) != nullptr; }},
+        {"sign-on", [](const Args& a, std::string& r) { return NeedArgs(a, 1, r) && SignOn(a[1], r); }},
+        {"sign-off",
+         [](const Args&, std::string& r) {
+             if (!Sim().signedOn) return Fail(r, "not signed on");
+             SignOff();
+             return true;
+         }},
+        {"keywords", [](const Args&, std::string& r) { r = Join(Sim().keywords); return true; }},
+        {"menu", [](const Args&, std::string& r) { r = Join(DescribeMenuBar()); return true; }},
+        {"caption", [](const Args&, std::string& r) { r = WindowText(Sim().frame) + "\n"; return true; }},
+        {"windows", Windows},
+    };
+    return commands;
+}
+
+}  // namespace
+
+bool RunControlCommand(const std::vector<std::string>& args, std::string& reply) {
+    const auto& commands = Commands();
+    auto it = commands.find(args[0]);
+    if (it == commands.end()) return Fail(reply, "unknown command \"" + args[0] + "\"");
+    return it->second(args, reply);
+}
