@@ -57,16 +57,19 @@ private:
     bool colored_;
 };
 
-// Every line of text, split at "\n"; a last line without one still counts.
-void FadeText(const std::string& text, LineWriter& writer)
+// The text of the arguments: lines split at "\n", and always at least one
+// line, so that an empty argument fades as an empty line.
+void FadeText(std::string text, LineWriter& writer)
 {
+    if (!text.empty() && text.back() == '\n') text.pop_back();
     std::size_t at = 0;
-    while (at < text.size()) {
-        std::size_t end = text.find('\n', at);
-        if (end == std::string::npos) end = text.size();
+    for (;;) {
+        const std::size_t end = text.find('\n', at);
+        if (end == std::string::npos) break;
         writer.Line(text.substr(at, end - at));
         at = end + 1;
     }
+    writer.Line(text.substr(at));
 }
 
 void FadeStream(std::FILE* in, LineWriter& writer)
