@@ -1,0 +1,319 @@
+// The program's side of the hook: one hidden window receives every message
+// that prismosbc.dll forwards from AOL and hands it to the SubClass object
+// that hooked the window; window hooks on AOL's threads load the DLL there.
+#include "SubClass.h"
+
+#include <cstring>
+#include <map>
+#include <utility>
+
+#include "SbcProtocol.h"
+
+namespace {
+const char kHostClass[] = "PrismoSbcHost";
+// How long the program waits for AOL to carry out a request.
+const UINT kRequestTimeoutMs = 5000;
+std::string g_libraryPath;
+}  // namespace
+
+// The hidden window, the loaded DLL and one window hook per hooked thread.
+class SbcHost {
+public:
+    static SbcHost& Get()
+    {
+        static SbcHost host;
+        return host;
+    }
+
+    HWND Window();
+    bool AcquireThread(DWORD thread);
+    void ReleaseThread(DWORD thread);
+    // Sends a request to `target` and waits for the DLL's reply.
+    bool Request(HWND target, sbc::Op op, const void* data, DWORD size, std::string* text);
+
+    void Register(HWND window, SubClass* object) { objects_[window] = object; }
+    void Unregister(HWND window) { objects_.erase(window); }
+
+private:
+    struct Hook {
+        HHOOK handle;
+        int users;
+    };
+    SbcHost() = default;
+    bool LoadDll();
+    static LRESULT CALLBACK WndProc(HWND, UINT, WPARAM, LPARAM);
+    LRESULT OnCopyData(HWND from, const COPYDATASTRUCT* data);
+    LRESULT OnHookedMessage(const sbc::HookedMessage& hooked);
+    void OnRelease(HWND hooked);
+
+    HWND window_ = nullptr;
+    HMODULE dll_ = nullptr;
+    HOOKPROC hookProc_ = nullptr;
+    UINT releaseMessage_ = 0;
+    UINT prepareMessage_ = 0;
+    std::map<DWORD, Hook> hooks_;
+    std::map<HWND, SubClass*> objects_;
+    bool gotReply_ = false;
+    bool replyOk_ = false;
+    std::string replyText_;
+};
+
+bool SbcHost::LoadDll()
+{
+    if (dll_) return true;
+    std::string path = g_libraryPath;
+    if (path.empty()) {
+        char exe[MAX_PATH];
+        const DWORD n = GetModuleFileNameA(nullptr, exe, sizeof exe);
+        path.assign(exe, n);
+        path = path.substr(0, path.find_last_of('\\') + 1) + "prismosbc.dll";
+    }
+    dll_ = LoadLibraryA(path.c_str());
+    if (!dll_) return false;
+    hookProc_ = reinterpret_cast<HOOKPROC>(
+        reinterpret_cast<void (*)()>(GetProcAddress(dll_, "SbcCallWndProc")));
+    return hookProc_ != nullptr;
+}
+
+HWND SbcHost::Window()
+{
+    if (window_ && IsWindow(window_)) return window_;
+    HINSTANCE instance = GetModuleHandleA(nullptr);
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = &SbcHost::WndProc;
+    wc.hInstance = instance;
+    wc.lpszClassName = kHostClass;
+    RegisterClassA(&wc);  // fails harmlessly when already registered
+    releaseMessage_ = RegisterWindowMessageA(sbc::kReleaseMessageName);
+    prepareMessage_ = RegisterWindowMessageA(sbc::kPrepareMessageName);
+    // A hidden top-level window: message-only windows do not exist on Windows 95.
+    window_ = CreateWindowA(kHostClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, instance,
+                            nullptr);
+    return window_;
+}
+
+bool SbcHost::AcquireThread(DWORD thread)
+{
+    auto found = hooks_.find(thread);
+    if (found != hooks_.end()) {
+        ++found->second.users;
+        return true;
+    }
+    if (!LoadDll() || !Window()) return false;
+    HHOOK handle = SetWindowsHookExA(WH_CALLWNDPROC, hookProc_, dll_, thread);
+    if (!handle) return false;
+    hooks_[thread] = Hook{handle, 1};
+    return true;
+}
+
+void SbcHost::ReleaseThread(DWORD thread)
+{
+    auto found = hooks_.find(thread);
+    if (found == hooks_.end() || --found->second.users > 0) return;
+    UnhookWindowsHookEx(found->second.handle);
+    hooks_.erase(found);
+}
+
+bool SbcHost::Request(HWND target, sbc::Op op, const void* data, DWORD size, std::string* text)
+{
+    COPYDATASTRUCT request;
+    request.dwData = sbc::kTag | op;
+    request.cbData = size;
+    request.lpData = const_cast<void*>(data);
+    gotReply_ = false;
+    replyOk_ = false;
+    replyText_.clear();
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutA(target, prepareMessage_, reinterpret_cast<WPARAM>(Window()), 0,
+                        SMTO_NORMAL | SMTO_ABORTIFHUNG, kRequestTimeoutMs, &ignored);
+    SendMessageTimeoutA(target, WM_COPYDATA, reinterpret_cast<WPARAM>(Window()),
+                        reinterpret_cast<LPARAM>(&request), SMTO_NORMAL | SMTO_ABORTIFHUNG,
+                        kRequestTimeoutMs, &ignored);
+    if (text) *text = replyText_;
+    return gotReply_ && replyOk_;
+}
+
+LRESULT CALLBACK SbcHost::WndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    SbcHost& host = Get();
+    if (message == WM_COPYDATA)
+        return host.OnCopyData(reinterpret_cast<HWND>(wParam),
+                               reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+    if (message == host.releaseMessage_ && host.releaseMessage_ != 0) {
+        host.OnRelease(reinterpret_cast<HWND>(wParam));
+        return 0;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+LRESULT SbcHost::OnCopyData(HWND, const COPYDATASTRUCT* data)
+{
+    if (!data || (static_cast<DWORD>(data->dwData) & sbc::kTagMask) != sbc::kTag) return FALSE;
+    const DWORD op = static_cast<DWORD>(data->dwData) & ~sbc::kTagMask;
+    if (op == sbc::OpReply && data->cbData >= sizeof(sbc::Reply)) {
+        sbc::Reply header;
+        std::memcpy(&header, data->lpData, sizeof header);
+        gotReply_ = true;
+        replyOk_ = header.ok != 0;
+        replyText_.assign(static_cast<const char*>(data->lpData) + sizeof header,
+                          data->cbData - sizeof header);
+        return TRUE;
+    }
+    if (op == sbc::OpMessage && data->cbData >= sizeof(sbc::HookedMessage)) {
+        sbc::HookedMessage hooked;
+        std::memcpy(&hooked, data->lpData, sizeof hooked);
+        return OnHookedMessage(hooked);
+    }
+    return FALSE;
+}
+
+// Hands one forwarded message to its object. Nothing may escape back into
+// AOL: a handler that fails lets the message go on untouched.
+LRESULT SbcHost::OnHookedMessage(const sbc::HookedMessage& hooked)
+{
+    const HWND window = reinterpret_cast<HWND>(static_cast<std::uintptr_t>(hooked.window));
+    auto found = objects_.find(window);
+    if (found == objects_.end() || !found->second->WndMessageX) return 0;
+    SubClass* object = found->second;
+    LRESULT result = 0;
+    bool noDefault = false;
+    const bool outer = !object->inMessage_;
+    object->inMessage_ = true;
+    try {
+        object->WndMessageX(window, hooked.message, static_cast<WPARAM>(hooked.wParam),
+                            static_cast<LPARAM>(hooked.lParam), result, noDefault);
+    } catch (...) {
+        noDefault = false;
+    }
+    if (outer) object->inMessage_ = false;
+    // The handler may have detached the object; then it answers no more.
+    found = objects_.find(window);
+    if (found == objects_.end() || found->second != object)
+        return noDefault ? LRESULT(sbc::AnswerNoDefault) : 0;
+
+    LRESULT answer = 0;
+    if (noDefault) {
+        answer |= sbc::AnswerNoDefault;
+        if (result != 0) {
+            const std::int64_t value = result;
+            Request(window, sbc::OpResult, &value, sizeof value, nullptr);
+        }
+    }
+    if (outer && !object->delayed_.empty()) {
+        object->released_.insert(object->released_.end(), object->delayed_.begin(),
+                                 object->delayed_.end());
+        object->delayed_.clear();
+        answer |= sbc::AnswerDelayed;
+    }
+    return answer;
+}
+
+void SbcHost::OnRelease(HWND hooked)
+{
+    auto found = objects_.find(hooked);
+    if (found == objects_.end()) return;
+    SubClass* object = found->second;
+    std::vector<LONG_PTR> values;
+    values.swap(object->released_);
+    for (LONG_PTR value : values) {
+        if (objects_.find(hooked) == objects_.end()) return;  // detached meanwhile
+        try {
+            if (object->DelayedEvent) object->DelayedEvent(value);
+        } catch (...) {
+        }
+    }
+}
+
+// ---- SubClass ------------------------------------------------------------
+
+SubClass::SubClass() = default;
+
+SubClass::~SubClass()
+{
+    Detach();
+}
+
+bool SubClass::Attach(HWND window, const std::vector<UINT>& messages)
+{
+    Detach();
+    if (!window) return true;
+    if (!IsWindow(window)) return false;
+    SbcHost& host = SbcHost::Get();
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    if (!host.AcquireThread(thread)) return false;
+    sbc::AttachRequest request = {};
+    for (UINT message : messages)
+        if (request.count < sbc::kMaxMessages) request.messages[request.count++] = message;
+    if (!host.Request(window, sbc::OpAttach, &request, sizeof request, nullptr)) {
+        host.ReleaseThread(thread);
+        return false;
+    }
+    window_ = window;
+    thread_ = thread;
+    host.Register(window, this);
+    return true;
+}
+
+void SubClass::Detach()
+{
+    if (!window_) return;
+    SbcHost& host = SbcHost::Get();
+    host.Unregister(window_);
+    if (IsWindow(window_)) host.Request(window_, sbc::OpDetach, nullptr, 0, nullptr);
+    host.ReleaseThread(thread_);
+    window_ = nullptr;
+    thread_ = 0;
+    delayed_.clear();
+    released_.clear();
+}
+
+void SubClass::PostDelayedEvent(LONG_PTR value)
+{
+    if (inMessage_) {
+        delayed_.push_back(value);
+        return;
+    }
+    // Outside a hooked message there is nothing to wait for.
+    released_.push_back(value);
+    PostMessageA(SbcHost::Get().Window(), RegisterWindowMessageA(sbc::kReleaseMessageName),
+                 reinterpret_cast<WPARAM>(window_), 0);
+}
+
+// ---- menus ---------------------------------------------------------------
+
+namespace {
+// Runs one menu request with the DLL loaded on the window's thread.
+bool MenuRequest(HWND window, sbc::Op op, const void* data, DWORD size, std::string* text)
+{
+    if (!window || !IsWindow(window)) return false;
+    SbcHost& host = SbcHost::Get();
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    if (!host.AcquireThread(thread)) return false;
+    const bool ok = host.Request(window, op, data, size, text);
+    host.ReleaseThread(thread);
+    return ok;
+}
+}  // namespace
+
+bool SbcMenuDump(HWND window, std::string& dump)
+{
+    return MenuRequest(window, sbc::OpMenuDump, "", 1, &dump);
+}
+
+bool SbcMenuInsert(HWND window, unsigned position, const std::string& description)
+{
+    const std::string request = std::to_string(position) + "\n" + description;
+    return MenuRequest(window, sbc::OpMenuInsert, request.data(),
+                       static_cast<DWORD>(request.size()), nullptr);
+}
+
+bool SbcMenuDelete(HWND window, unsigned position)
+{
+    const std::uint32_t value = position;
+    return MenuRequest(window, sbc::OpMenuDelete, &value, sizeof value, nullptr);
+}
+
+void SetSbcLibraryPath(const std::string& path)
+{
+    g_libraryPath = path;
+}

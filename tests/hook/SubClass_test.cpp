@@ -1,0 +1,159 @@
+// The hook against a window of another process (sbctarget.exe): messages
+// reach the program before the window, can be swallowed or answered, delayed
+// events come after the window's own procedure, detaching puts the window's
+// procedure back, and menus are changed from inside the other process.
+#include <gtest/gtest.h>
+
+#include "SubClass.h"
+#include "TestProcess.h"
+
+namespace {
+
+class HookTarget : public ::testing::Test {
+protected:
+    void SetUp() override { Launch(5); }
+
+    void Launch(int menus)
+    {
+        process_.Kill();
+        ASSERT_TRUE(process_.Start("\"" + ProgramFolder() + "sbctarget.exe\" " +
+                                   std::to_string(menus)));
+        main_ = WaitForProcessWindow("SbcTarget", process_.Id());
+        ASSERT_NE(main_, nullptr);
+        PumpUntil([&] { return (edit_ = FindWindowExA(main_, nullptr, "Edit", nullptr)) != nullptr; },
+                  5000);
+        ASSERT_NE(edit_, nullptr);
+    }
+
+    // Types `c` through the edit box's message queue, as the keyboard would.
+    void Type(char c) { PostMessageA(edit_, WM_CHAR, static_cast<unsigned char>(c), 1); }
+
+    bool WaitForText(const std::string& expected)
+    {
+        return PumpUntil([&] { return WindowText(edit_) == expected; }, 5000);
+    }
+
+    LONG_PTR EditProcedure() { return SendMessageA(main_, WM_APP, 0, 0); }
+
+    TestProcess process_;
+    HWND main_ = nullptr;
+    HWND edit_ = nullptr;
+};
+
+TEST_F(HookTarget, HandlerSeesEachCharacterBeforeTheWindowAndCanSwallowIt)
+{
+    SubClass hook;
+    std::string seen, textWhenSeen;
+    hook.WndMessageX = [&](HWND window, UINT message, WPARAM wParam, LPARAM, LRESULT&,
+                           bool& noDefault) {
+        EXPECT_EQ(window, edit_);
+        EXPECT_EQ(message, static_cast<UINT>(WM_CHAR));
+        seen += static_cast<char>(wParam);
+        textWhenSeen += "[" + WindowText(edit_) + "]";
+        if (wParam == 'x') noDefault = true;
+    };
+    ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+    Type('a');
+    Type('x');
+    Type('b');
+    ASSERT_TRUE(WaitForText("ab"));
+    PumpFor(200);
+    EXPECT_EQ(seen, "axb");
+    // Each character was handed over before the box had taken it in.
+    EXPECT_EQ(textWhenSeen, "[][a][a]");
+}
+
+TEST_F(HookTarget, SwallowedMessageReturnsTheHandlersResultToItsSender)
+{
+    SubClass hook;
+    hook.WndMessageX = [&](HWND, UINT, WPARAM, LPARAM, LRESULT& result, bool& noDefault) {
+        result = 4242;
+        noDefault = true;
+    };
+    // A message the edit box itself answers with 0.
+    const UINT question = WM_APP + 5;
+    ASSERT_TRUE(hook.Attach(edit_, {question}));
+    EXPECT_EQ(SendMessageA(edit_, question, 0, 0), 4242);
+    ASSERT_TRUE(hook.Attach(nullptr, {}));
+    EXPECT_EQ(SendMessageA(edit_, question, 0, 0), 0);
+}
+
+TEST_F(HookTarget, DelayedEventRunsAfterTheWindowHasHandledTheMessage)
+{
+    SubClass hook;
+    std::vector<std::string> events;
+    hook.WndMessageX = [&](HWND, UINT, WPARAM wParam, LPARAM, LRESULT&, bool&) {
+        events.push_back("message " + WindowText(edit_));
+        hook.PostDelayedEvent(static_cast<LONG_PTR>(wParam));
+    };
+    hook.DelayedEvent = [&](LONG_PTR value) {
+        events.push_back("delayed " + std::to_string(value) + " " + WindowText(edit_));
+    };
+    ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+    Type('q');
+    ASSERT_TRUE(PumpUntil([&] { return events.size() == 2; }, 5000));
+    EXPECT_EQ(events[0], "message ");
+    EXPECT_EQ(events[1], "delayed 113 q");
+}
+
+TEST_F(HookTarget, DetachingPutsTheWindowsOwnProcedureBack)
+{
+    const LONG_PTR own = EditProcedure();
+    int calls = 0;
+    {
+        SubClass hook;
+        hook.WndMessageX = [&](HWND, UINT, WPARAM, LPARAM, LRESULT&, bool&) { ++calls; };
+        ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+        EXPECT_NE(EditProcedure(), own);
+        Type('a');
+        ASSERT_TRUE(WaitForText("a"));
+        // A second attach of the same object moves it; the window is hooked once.
+        ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+        ASSERT_TRUE(hook.Attach(nullptr, {}));
+        EXPECT_EQ(EditProcedure(), own);
+        ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+    }  // the destructor detaches too
+    EXPECT_EQ(EditProcedure(), own);
+    Type('b');
+    ASSERT_TRUE(WaitForText("ab"));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(HookTarget, AttachingToAWindowThatIsGoneFails)
+{
+    SubClass hook;
+    process_.Kill();
+    EXPECT_FALSE(hook.Attach(edit_, {WM_CHAR}));
+    EXPECT_EQ(hook.Window(), nullptr);
+}
+
+TEST_F(HookTarget, AnotherProcessesMenusAreRefusedButTheDllReachesThem)
+{
+    // Asked from here, the target's menu bar cannot be read or changed.
+    HMENU bar = GetMenu(main_);
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(GetMenuItemCount(bar), -1);
+    char caption[100] = "";
+    SetLastError(0);
+    EXPECT_EQ(GetMenuStringA(bar, 0, caption, sizeof caption, MF_BYPOSITION), 0);
+    EXPECT_EQ(GetLastError(), 1456u);
+    EXPECT_FALSE(InsertMenuA(bar, 5, MF_BYPOSITION | MF_STRING, 1, "x"));
+
+    std::string dump;
+    ASSERT_TRUE(SbcMenuDump(main_, dump));
+    EXPECT_NE(dump.find("0\t-1\t&File\n1\t101\t&First\n1\t0\t\n1\t102\t&Second\n"), std::string::npos);
+    EXPECT_NE(dump.find("1\t402\tSwitch Scree&n Name\n"), std::string::npos);
+
+    ASSERT_TRUE(SbcMenuInsert(main_, 5,
+                              "P\tPrism&o\nI\t60000\t&One\nS\nP\t&Help\nI\t62000\t&Two\nE\nE\n"));
+    ASSERT_TRUE(SbcMenuDump(main_, dump));
+    EXPECT_NE(dump.find("1\t502\t&Second\n0\t-1\tPrism&o\n1\t60000\t&One\n1\t0\t\n1\t-1\t\n"),
+              std::string::npos)
+        << dump;
+    ASSERT_TRUE(SbcMenuDelete(main_, 5));
+    ASSERT_TRUE(SbcMenuDump(main_, dump));
+    EXPECT_EQ(dump.find("Prism&o"), std::string::npos);
+    EXPECT_FALSE(SbcMenuDelete(main_, 5));
+}
+
+}  // namespace

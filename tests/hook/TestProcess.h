@@ -1,0 +1,110 @@
+// Helpers the Wine-run hook and AOL tests share: a child process that ends
+// with the test, and waits that keep this thread's messages flowing (hooked
+// windows call back into us while we wait).
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+// A program started for one test; killed when the object goes.
+class TestProcess {
+public:
+    TestProcess() = default;
+    explicit TestProcess(const std::string& commandLine) { Start(commandLine); }
+    ~TestProcess() { Kill(); }
+    TestProcess(const TestProcess&) = delete;
+    TestProcess& operator=(const TestProcess&) = delete;
+
+    bool Start(const std::string& commandLine)
+    {
+        STARTUPINFOA si = {};
+        si.cb = sizeof si;
+        std::string line = commandLine;
+        return CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si,
+                              &info_) != 0;
+    }
+    void Kill()
+    {
+        if (!info_.hProcess) return;
+        TerminateProcess(info_.hProcess, 1);
+        WaitForSingleObject(info_.hProcess, 5000);
+        CloseHandle(info_.hProcess);
+        CloseHandle(info_.hThread);
+        info_ = {};
+    }
+    // Waits for a normal end; returns the exit code, or -1 on timeout.
+    int Wait(DWORD ms)
+    {
+        if (WaitForSingleObject(info_.hProcess, ms) != WAIT_OBJECT_0) return -1;
+        DWORD code = 0;
+        GetExitCodeProcess(info_.hProcess, &code);
+        return static_cast<int>(code);
+    }
+    DWORD Id() const { return info_.dwProcessId; }
+
+private:
+    PROCESS_INFORMATION info_ = {};
+};
+
+// Runs this thread's messages until `done` holds or `ms` have passed.
+inline bool PumpUntil(const std::function<bool()>& done, DWORD ms)
+{
+    const DWORD start = GetTickCount();
+    for (;;) {
+        MSG msg;
+        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&msg);
+            DispatchMessageA(&msg);
+        }
+        if (done()) return true;
+        const DWORD elapsed = GetTickCount() - start;
+        if (elapsed >= ms) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, ms - elapsed < 20 ? ms - elapsed : 20,
+                                  QS_ALLINPUT);
+    }
+}
+
+inline void PumpFor(DWORD ms)
+{
+    PumpUntil([] { return false; }, ms);
+}
+
+// The top-level window of `className` owned by process `pid`, waiting for it.
+inline HWND WaitForProcessWindow(const char* className, DWORD pid, DWORD ms = 15000)
+{
+    HWND found = nullptr;
+    PumpUntil(
+        [&] {
+            for (HWND w = FindWindowA(className, nullptr); w;
+                 w = FindWindowExA(nullptr, w, className, nullptr)) {
+                DWORD owner = 0;
+                GetWindowThreadProcessId(w, &owner);
+                if (owner == pid) found = w;
+            }
+            return found != nullptr;
+        },
+        ms);
+    return found;
+}
+
+// The text of a window of any process, read with messages.
+inline std::string WindowText(HWND window)
+{
+    const LRESULT length = SendMessageA(window, WM_GETTEXTLENGTH, 0, 0);
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    const LRESULT got = SendMessageA(window, WM_GETTEXT, static_cast<WPARAM>(length + 1),
+                                     reinterpret_cast<LPARAM>(&text[0]));
+    text.resize(static_cast<size_t>(got));
+    return text;
+}
+
+// This test program's own folder, with a trailing backslash.
+inline std::string ProgramFolder()
+{
+    char path[MAX_PATH];
+    const DWORD n = GetModuleFileNameA(nullptr, path, sizeof path);
+    std::string folder(path, n);
+    return folder.substr(0, folder.find_last_of('\\') + 1);
+}
