@@ -1,0 +1,236 @@
+// The window base and platform helpers under Wine: the live pause, placing
+// forms on screen, unloading every form, the error report's answers, and
+// choosing and painting the interface colour modes.
+#include <gtest/gtest.h>
+
+#include "AOLState.h"
+#include "ErrorTrap.h"
+#include "Options.h"
+#include "UiTestSupport.h"
+#include "frmMsg.h"
+#include "modRegKeys.h"
+#include "modWin32API.h"
+#include "modZunBtns.h"
+#include "resource.h"
+
+namespace {
+
+// A plain form that may be larger than the screen and may refuse to close.
+class TestForm : public Form {
+public:
+    explicit TestForm(std::string name, std::vector<std::string>* log = nullptr)
+        : Form(std::move(name), 0, 300, 200), log_(log)
+    {
+    }
+    bool refuse = false;
+
+protected:
+    bool OnQueryUnload() override { return !refuse; }
+    void OnUnload() override
+    {
+        if (log_) log_->push_back(Name());
+    }
+    bool OnMessage(UINT msg, WPARAM, LPARAM lp, LRESULT& result) override
+    {
+        if (msg != WM_GETMINMAXINFO) return false;
+        auto* info = reinterpret_cast<MINMAXINFO*>(lp);
+        info->ptMaxTrackSize = {4000, 4000};
+        result = 0;
+        return true;
+    }
+
+private:
+    std::vector<std::string>* log_;
+};
+
+double CpuMilliseconds()
+{
+    FILETIME created, exited, kernel, user;
+    GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
+    auto ms = [](FILETIME t) { return (static_cast<double>(t.dwHighDateTime) * 4294967296.0 + t.dwLowDateTime) / 1e4; };
+    return ms(kernel) + ms(user);
+}
+
+// A hidden window whose message posts itself again, for ever.
+struct Echo {
+    static LRESULT CALLBACK Proc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
+    {
+        if (msg == WM_APP) {
+            ++count;
+            PostMessageA(hwnd, WM_APP, 0, 0);
+            return 0;
+        }
+        return DefWindowProcA(hwnd, msg, wp, lp);
+    }
+    inline static int count = 0;
+};
+
+}  // namespace
+
+TEST(Pause, ZeroServicesOneRoundEvenWhenAHandlerKeepsPosting)
+{
+    WNDCLASSA wc{};
+    wc.lpfnWndProc = Echo::Proc;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.lpszClassName = "PrismoEchoTest";
+    RegisterClassA(&wc);
+    HWND echo = CreateWindowExA(0, "PrismoEchoTest", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    Echo::count = 0;
+    PostMessageA(echo, WM_APP, 0, 0);
+    Pause(0);  // must come back although the queue never empties
+    EXPECT_GE(Echo::count, 1);
+    const int afterOneRound = Echo::count;
+    Pause(0);
+    EXPECT_GT(Echo::count, afterOneRound);
+    DestroyWindow(echo);
+    MSG msg;
+    while (PeekMessageA(&msg, nullptr, WM_APP, WM_APP, PM_REMOVE)) {
+    }
+}
+
+TEST(Pause, ASecondWaitKeepsTimersRunningAndCostsAlmostNoCpu)
+{
+    static int ticks = 0;
+    ticks = 0;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR, DWORD) { ++ticks; });
+    const double cpuBefore = CpuMilliseconds();
+    const DWORD start = GetTickCount();
+    Pause(1000);
+    const DWORD elapsed = GetTickCount() - start;
+    const double cpu = CpuMilliseconds() - cpuBefore;
+    KillTimer(nullptr, timer);
+    EXPECT_GE(elapsed, 1000u);
+    EXPECT_LT(elapsed, 1300u);
+    EXPECT_GE(ticks, 10);
+    EXPECT_LT(cpu, 50.0);
+    std::printf("Pause(1000): %lu ms elapsed, %.1f ms CPU, %d timer ticks\n", static_cast<unsigned long>(elapsed),
+                cpu, ticks);
+}
+
+TEST(RePosForm, PullsAFormBackOnScreenInTheOrderOfTheAxes)
+{
+    TestForm form("frmPlace");
+    ASSERT_TRUE(form.Load());
+    const long tx = TwipsPerPixelX(), ty = TwipsPerPixelY();
+    const long w = 300 * tx, h = 200 * ty;
+    form.Move(600 * tx, ScreenHeight() - h + 300, w, h);
+    const long topBefore = form.Top();
+    RePosForm(form, 0);
+    EXPECT_EQ(form.Top(), topBefore - 300);
+    EXPECT_EQ(form.Left(), 600 * tx) << "the vertical axis leaves left alone";
+
+    form.Move(-40 * tx, 10 * ty, w, h);
+    RePosForm(form, 1);
+    EXPECT_EQ(form.Left(), 0);
+    RePosForm(form, 7);
+    EXPECT_EQ(form.Left(), 0);
+
+    // Larger than the screen: top 0, but right-aligned.
+    const long bigW = ScreenWidth() + 600, bigH = ScreenHeight() + 900;
+    form.Move(-30 * tx, 45 * ty, bigW, bigH);
+    ASSERT_EQ(form.Width(), bigW);
+    RePosForm(form, 0);
+    RePosForm(form, 1);
+    EXPECT_EQ(form.Top(), 0);
+    EXPECT_EQ(form.Left(), ScreenWidth() - bigW);
+
+    form.Move(0, 0, w, h);
+    CenterForm(form);
+    EXPECT_EQ(form.Left(), (ScreenWidth() - w) / 2 / tx * tx);
+}
+
+TEST(UnloadAllForms, UnloadsFromTheLastAndStopsAtARefusal)
+{
+    std::vector<std::string> log;
+    TestForm a("a", &log), b("b", &log), c("c", &log);
+    ASSERT_TRUE(a.Load() && b.Load() && c.Load());
+    b.refuse = true;
+    UnloadAllForms();
+    EXPECT_EQ(log, (std::vector<std::string>{"c"}));
+    EXPECT_TRUE(a.Loaded());
+    EXPECT_TRUE(b.Loaded());
+    b.refuse = false;
+    UnloadAllForms();
+    EXPECT_EQ(log, (std::vector<std::string>{"c", "b", "a"}));
+    EXPECT_TRUE(LoadedForms().empty());
+}
+
+TEST(ErrorReport, ShowsWhereItFailedAndRetryRunsTheStepAgain)
+{
+    InstallErrorReport();
+    std::string details;
+    int reports = 0;
+    TimerSteps steps(30, [&] {
+        HWND dlg = FindShown(TitleText());
+        if (!dlg) return false;
+        details = TextOf(GetDlgItem(dlg, IDC_ERR_DETAILS));
+        // Retry the first time, Ignore the second.
+        Click(GetDlgItem(dlg, ++reports == 1 ? IDC_ERR_RETRY : IDC_ERR_IGNORE));
+        return reports == 2;
+    });
+    int runs = 0;
+    bool after = false;
+    ErrorTrap trap("modAOLFunctions", "TextToChat");
+    trap.Run([&] {
+        ++runs;
+        throw RuntimeError(Err::FileNotFound, "File not found");
+    });
+    trap.Run([&] { after = true; });
+    SetErrorReporter(nullptr);
+    EXPECT_EQ(runs, 2);
+    EXPECT_TRUE(after);
+    EXPECT_NE(details.find("modAOLFunctions"), std::string::npos);
+    EXPECT_NE(details.find("TextToChat"), std::string::npos);
+    EXPECT_NE(details.find("53"), std::string::npos);
+    EXPECT_NE(details.find("File not found"), std::string::npos);
+    EXPECT_NE(details.find(VersionText()), std::string::npos);
+}
+
+TEST(UIMode, ALowColourDisplayIgnoresTheStoredMode)
+{
+    ASSERT_TRUE(WriteSetting(Setting::UIMode, "2"));
+    EXPECT_EQ(StartUIMode(8), 0);
+    EXPECT_TRUE(Options.LowColorDisplay);
+    EXPECT_EQ(StartUIMode(16), 2);
+    EXPECT_FALSE(Options.LowColorDisplay);
+    ASSERT_TRUE(WriteSetting(Setting::UIMode, ""));
+    EXPECT_EQ(StartUIMode(24), 1);
+    EXPECT_EQ(StartUIMode(0), DisplayBitsPerPixel() <= 8 ? 0 : 1) << "the display's own depth";
+}
+
+TEST(UIMode, ButtonsAndFormsPaintTheModesColours)
+{
+    struct Case {
+        int mode;
+        bool uk;
+        COLORREF face, text, window;
+    };
+    Options.ButtonForecolor = 0x00123456;
+    Options.ButtonText = 0x00654321;
+    Options.WindowColor = 0x00ABCDEF;
+    const Case cases[] = {
+        {0, false, GetSysColor(COLOR_BTNFACE), GetSysColor(COLOR_BTNTEXT), GetSysColor(COLOR_BTNFACE)},
+        {1, false, 0x00AD6D00, 0x00FFFFFF, 0x00F0FBFF},
+        {1, true, 0x00A0E0FF, 0x00000000, 0x00F0FBFF},
+        {2, false, 0x00123456, 0x00654321, 0x00ABCDEF},
+    };
+    for (const Case& c : cases) {
+        Options.UIMode = static_cast<std::int16_t>(c.mode);
+        AOLEdition.UK = c.uk;
+        ZunButton button;
+        SetButtonColor(button);
+        EXPECT_EQ(ResolveColor(button.BackColor), c.face) << "mode " << c.mode;
+        EXPECT_EQ(ResolveColor(button.ForeColor), c.text) << "mode " << c.mode;
+        TestForm form("frmColour");
+        ASSERT_TRUE(form.Load());
+        InitForm(form);
+        EXPECT_EQ(ResolveColor(form.BackColor()), c.window) << "mode " << c.mode;
+    }
+    AOLEdition.UK = false;
+    Options.UIMode = 7;  // outside the modes: colours stay as they are
+    ZunButton untouched;
+    untouched.BackColor = 0x00010203;
+    SetButtonColor(untouched);
+    EXPECT_EQ(untouched.BackColor, 0x00010203);
+    Options.UIMode = 0;
+}
