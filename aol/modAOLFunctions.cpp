@@ -1,0 +1,263 @@
+// Chat rooms, mail windows, sign-on state and screen names, AOL's toolbar
+// and keywords: everything read from AOL's own windows.
+#include "modAOLFunctions.h"
+
+#include <vector>
+
+#include "AOLHandles.h"
+#include "AOLState.h"
+#include "AOLText.h"
+#include "modAOLMenu.h"
+#include "modFindChild.h"
+#include "modLaunch32.h"
+#include "modMsgBox.h"
+#include "modWin32API.h"
+
+HWND ChatRoomWindow = nullptr;
+
+namespace {
+AOLMessageSink g_sink;
+
+HWND FindMDIChild(const char* caption)
+{
+    return AOLMDIClient ? FindWindowExA(AOLMDIClient, nullptr, "AOL Child", caption) : nullptr;
+}
+
+bool IsChatRoom(HWND window)
+{
+    HWND list = FindWindowExA(window, nullptr, "_AOL_LISTBOX", nullptr);
+    HWND rich = FindWindowExA(window, nullptr, "RICHCNTL", nullptr);
+    HWND combo = FindWindowExA(window, nullptr, "_AOL_COMBOBOX", nullptr);
+    HWND icon = combo ? FindWindowExA(window, combo, "_AOL_ICON", nullptr) : nullptr;
+    return list && rich && combo && icon && GetAPIText(icon, false).empty();
+}
+
+// Focus moves to another program's window only with our input attached to
+// its thread for the moment.
+void FocusWindowOfOtherThread(HWND window)
+{
+    const DWORD ours = GetCurrentThreadId();
+    const DWORD theirs = GetWindowThreadProcessId(window, nullptr);
+    const bool attach = theirs && theirs != ours && AttachThreadInput(ours, theirs, TRUE);
+    SetFocus(window);
+    if (attach) AttachThreadInput(ours, theirs, FALSE);
+}
+
+void SetControlText(HWND window, const std::string& text)
+{
+    SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+const char* SignOnCaption()
+{
+    return (AOLVersion == "4" || AOLVersion == "5") ? "Sign On" : "Welcome";
+}
+
+const char* GoodbyeCaption()
+{
+    if (AOLEdition.UK || AOLEdition.Australia) return "Goodbye From AOL!";
+    if (AOLEdition.Canada) return "Goodbye From AOL Canada!";
+    return "Goodbye From America Online!";
+}
+
+// The sign-on screen's list of names, waiting up to three times ten seconds.
+HWND FindSignOnList()
+{
+    for (int round = 0; round < 3; ++round) {
+        HWND screen = FindMDIChild(SignOnCaption());
+        if (!screen) screen = FindMDIChild(GoodbyeCaption());
+        HWND combo = screen ? WaitForChildByClass(screen, "_AOL_COMBOBOX") : nullptr;
+        if (combo) return combo;
+        if (!screen) Pause(1000);
+    }
+    return nullptr;
+}
+
+// The names in the list, read from AOL's memory: each item's data + 24 holds
+// a 32-bit pointer, the name starts 6 bytes after it. Reading stops at "Guest".
+std::vector<std::string> ReadSignOnNames(HWND combo)
+{
+    std::vector<std::string> names;
+    DWORD pid = 0;
+    GetWindowThreadProcessId(combo, &pid);
+    KernelHandle process(OpenProcess(STANDARD_RIGHTS_REQUIRED | PROCESS_VM_READ, FALSE, pid));
+    if (!process.Valid()) return names;
+    const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        const ULONG_PTR item =
+            static_cast<ULONG_PTR>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(i), 0));
+        DWORD pointer = 0;
+        char bytes[16] = {};
+        SIZE_T read = 0;
+        if (!ReadProcessMemory(process.Get(), reinterpret_cast<LPCVOID>(item + 24), &pointer,
+                               sizeof pointer, &read))
+            break;
+        if (!ReadProcessMemory(process.Get(),
+                               reinterpret_cast<LPCVOID>(static_cast<ULONG_PTR>(pointer) + 6), bytes,
+                               sizeof bytes, &read))
+            break;
+        const std::string name = SignOnNameFromBytes(bytes, static_cast<int>(read));
+        if (name == "Guest") break;
+        names.push_back(name);
+    }
+    return names;
+}
+}  // namespace
+
+void SetAOLMessageSink(AOLMessageSink sink)
+{
+    g_sink = std::move(sink);
+}
+
+void AOLMessage(const std::string& message, long style)
+{
+    if (g_sink)
+        g_sink(message, style);
+    else
+        ShowMsg(message, style);
+}
+
+HWND FindChatRoom(HWND parent, const std::string& className)
+{
+    const std::string wanted = LowerAOLText(className);
+    for (HWND current = GetWindow(parent, GW_CHILD); current;
+         current = GetWindow(current, GW_HWNDNEXT)) {
+        if (LowerAOLText(GetClass(current)) == wanted && IsChatRoom(current)) return current;
+    }
+    return nullptr;
+}
+
+void TextToChat(const std::string& text, short mode)
+{
+    HWND room = FindChatRoom(AOLMDIClient, "AOL Child");
+    if (!room) {
+        AOLMessage("You must be in a ~B~CRchat room~B~CN to use this feature!", 64);
+        return;
+    }
+    HWND transcript = FindWindowExA(room, nullptr, "RICHCNTL", nullptr);
+    HWND input = FindWindowExA(room, transcript, "RICHCNTL", nullptr);
+    FocusWindowOfOtherThread(input);
+    switch (mode) {
+    case 0:
+        SetControlText(input, text);
+        break;
+    case 1:
+        ShowWindow(input, SW_HIDE);
+        SetControlText(input, text);
+        SendMessageA(input, WM_CHAR, 13, 0);
+        break;
+    case 2:
+        SetControlText(input, text);
+        Pause(500);
+        SendMessageA(input, WM_CHAR, 13, 0);
+        break;
+    default:
+        break;
+    }
+}
+
+HWND IsEMail(HWND window)
+{
+    const bool mail = FindWindowExA(window, nullptr, "_AOL_Checkbox", nullptr) &&
+                      FindWindowExA(window, nullptr, "_AOL_FontCombo", nullptr) &&
+                      FindChildByTitle(window, "Send Later");
+    return mail ? window : nullptr;
+}
+
+bool IsAOLAU()
+{
+    HWND outer = FindWindowExA(AOLWindow, nullptr, "AOL Toolbar", nullptr);
+    HWND inner = outer ? FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr) : nullptr;
+    HWND second = inner ? FindChildByClass(inner, "_AOL_ICON", 2) : nullptr;
+    return second && LowerAOLText(GetAPIText(second, false)) == "e-mail centre";
+}
+
+void DetectAOLEdition()
+{
+    AOLEdition.UK = RunMenuByString(AOLWindow, "&About AOL", false);
+    AOLEdition.Canada = RunMenuByString(AOLWindow, "&About AOL Canada", false);
+    AOLEdition.Australia = IsAOLAU();
+    if (AOLEdition.Australia) AOLEdition.UK = AOLEdition.Canada = false;
+}
+
+bool IsAOLOnline(bool showMessage)
+{
+    bool online = false;
+    if (AOLVersion == "5")
+        online = RunMenuByString(AOLWindow, "Switch Scree&n Name", false);
+    else if (AOLVersion == "3" || AOLVersion == "4")
+        online = AOLIsOnline() != 1;
+    else
+        return false;
+    if (!online && showMessage)
+        AOLMessage("~B~CRYou are not currently signed on!~B~CN~N ~NYou must be online to use this "
+                   "feature!",
+                   64);
+    return online;
+}
+
+void GetScreenNames()
+{
+    std::string names[6];
+    AOLGetScreenName(AOLPath + "\\", names);
+    for (size_t i = 0; i < 6; ++i) ScreenNames[i] = TrimAOLText(names[i]);
+}
+
+bool GetSignOnScreenNames()
+{
+    HWND combo = FindSignOnList();
+    if (!combo) {
+        AOLMessage("Prismo timed out waiting for America Online to load.~N ~NPlease start America "
+                   "Online first and then start Prismo",
+                   16);
+        return false;
+    }
+    const std::vector<std::string> names = ReadSignOnNames(combo);
+    const int selection = static_cast<int>(SendMessageA(combo, CB_GETCURSEL, 0, 0));
+    const std::vector<std::string> slots = SignOnSlots(names, selection);
+    for (size_t i = 0; i < 6; ++i) ScreenNames[i] = slots[i];
+    return true;
+}
+
+std::string GetCurrentScreenName()
+{
+    if (!IsAOLOnline(false)) {
+        GetSignOnScreenNames();
+        return ScreenNames[5];
+    }
+    HWND welcome = FindChildByTitle(AOLMDIClient, "Welcome,");
+    if (!welcome && AOLVersion == "5") {
+        RunAOLKeyword("welcome");
+        welcome = WaitForChildByTitle(AOLMDIClient, "Welcome, ");
+    }
+    if (!welcome) return "";
+    char caption[256] = "";
+    SendMessageA(welcome, WM_GETTEXT, 255, reinterpret_cast<LPARAM>(caption));
+    return ScreenNameFromWelcome(caption);
+}
+
+HWND OpenEMail()
+{
+    HWND outer = FindWindowExA(AOLWindow, nullptr, "AOL Toolbar", nullptr);
+    HWND inner = outer ? FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr) : nullptr;
+    HWND write = inner ? FindWindowExA(inner, nullptr, "_AOL_ICON", nullptr) : nullptr;
+    if (write) {
+        SendMessageA(write, WM_LBUTTONDOWN, 0, 0);
+        SendMessageA(write, WM_LBUTTONUP, 0, 0);
+    }
+    const char* caption = AOLEdition.Australia ? "Write e-mail" : "Write Mail";
+    const double start = SecondsSinceMidnight();
+    for (;;) {
+        if (HWND mail = FindMDIChild(caption)) return mail;
+        double elapsed = SecondsSinceMidnight() - start;
+        if (elapsed < 0) elapsed += 24 * 60 * 60;
+        if (elapsed >= 10) return nullptr;
+        Pause(50);
+    }
+}
+
+void RunAOLKeyword(const std::string& keyword)
+{
+    const std::string command = AOLPath + "\\waol.exe -s" + keyword;
+    WinExec(command.c_str(), SW_HIDE);
+}

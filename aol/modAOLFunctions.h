@@ -1,0 +1,51 @@
+// Working with the AOL beside us: its chat rooms and mail windows, the
+// sign-on state and screen names, its toolbar and keywords.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+extern HWND ChatRoomWindow;  // the chat room last found by the watcher
+
+// Every message of the AOL modules goes through here; ShowMsg by default.
+using AOLMessageSink = std::function<void(const std::string& message, long style)>;
+void SetAOLMessageSink(AOLMessageSink sink);
+void AOLMessage(const std::string& message, long style);
+
+// The topmost child of `parent` of class `className` (ignoring case) that
+// holds a people list, a rich-text control, a combo box and a caption-less
+// picture button after the combo box; 0 when none does.
+HWND FindChatRoom(HWND parent, const std::string& className);
+
+// Puts `text` into the chat input of the current room. Mode 0: set the text;
+// 1: hide the input, set the text and send; 2: set the text, wait 500 ms,
+// send; any other mode only focuses the input.
+void TextToChat(const std::string& text, short mode);
+
+// `window` when it is a mail being written (a "_AOL_Checkbox", a
+// "_AOL_FontCombo" and a "Send Later" button among its children), else 0.
+HWND IsEMail(HWND window);
+
+// The Australian edition: the toolbar's second button reads "e-mail centre".
+bool IsAOLAU();
+// Reads the UK, Canada and Australia flags of AOLEdition from AOL's menus
+// and toolbar.
+void DetectAOLEdition();
+
+// Signed on? With showMessage, tells the user when not.
+bool IsAOLOnline(bool showMessage);
+// The six screen names, from what AOL shows (modLaunch32).
+void GetScreenNames();
+// The six screen names from the sign-on screen's list in AOL's memory.
+// Returns false after three rounds without a sign-on screen (the user has
+// been told; the program ends).
+bool GetSignOnScreenNames();
+std::string GetCurrentScreenName();
+
+// Clicks AOL's write-mail button and returns the new mail window, or 0 when
+// none appeared within 10 seconds.
+HWND OpenEMail();
+// Has AOL perform `keyword` (waol.exe -sKEYWORD).
+void RunAOLKeyword(const std::string& keyword);

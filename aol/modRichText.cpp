@@ -1,0 +1,43 @@
+// Reading and writing AOL's "AOLMAIL" clipboard format.
+#include "modRichText.h"
+
+#include <cstring>
+
+#include "AOLHandles.h"
+
+namespace {
+const size_t kReadLimit = 30000;  // longer mail texts are not taken
+
+UINT AOLMailFormat()
+{
+    return RegisterClipboardFormatA("AOLMAIL");
+}
+}  // namespace
+
+std::string GetRichText(HWND owner)
+{
+    OpenClipboardScope clipboard(owner);
+    HANDLE block = GetClipboardData(AOLMailFormat());
+    GlobalLockScope lock(static_cast<HGLOBAL>(block));
+    const char* text = static_cast<const char*>(lock.Data());
+    if (!text) return "";
+    // The block may hold no NUL of its own; never read past its end.
+    const size_t size = GlobalSize(static_cast<HGLOBAL>(block));
+    const size_t length = strnlen(text, size);
+    if (length >= kReadLimit) return "";
+    return std::string(text, length);
+}
+
+void PutRichText(HWND owner, const std::string& text)
+{
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, text.size() + 1);
+    if (!block) return;
+    {
+        GlobalLockScope lock(block);
+        if (lock.Data()) std::memcpy(lock.Data(), text.data(), text.size());
+    }
+    OpenClipboardScope clipboard(owner);
+    EmptyClipboard();
+    // From here on the clipboard owns the block.
+    if (!SetClipboardData(AOLMailFormat(), block)) GlobalFree(block);
+}
