@@ -5,6 +5,8 @@
 #include "modWin32API.h"
 #include "resource.h"
 
+#include <vector>
+
 namespace {
 
 // The designed layout, in twips.
@@ -102,7 +104,14 @@ int MessageArea::LineHeight()
 
 void MessageArea::Print(int x, int y, const std::string& text)
 {
-    TextOutA(canvas_.get(), x, y, text.c_str(), static_cast<int>(text.size()));
+    // Place every letter where the measuring says it goes, so that words
+    // printed one by one sit exactly as TextWidth laid them out.
+    const int n = static_cast<int>(text.size());
+    std::vector<int> ends(n), advances(n);
+    SIZE size{};
+    GetTextExtentExPointA(canvas_.get(), text.c_str(), n, 0, nullptr, ends.data(), &size);
+    for (int i = 0; i < n; ++i) advances[i] = ends[i] - (i ? ends[i - 1] : 0);
+    ExtTextOutA(canvas_.get(), x, y, 0, nullptr, text.c_str(), static_cast<UINT>(n), advances.data());
     InvalidateRect(hwnd_, nullptr, FALSE);
 }
 
@@ -140,8 +149,9 @@ void frmMsg::OnLoad()
     FormOnTop(*this);
     SetFormColor(*this);
     const long tx = TwipsPerPixelX(), ty = TwipsPerPixelY();
+    // The area sits a pixel inside the client so the form's etched edge shows all round.
     HWND area = Item(IDC_MSG_AREA);
-    SetWindowPos(area, nullptr, 0, 0, AreaWidth / tx, AreaHeight / ty, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(area, nullptr, 1, 1, AreaWidth / tx - 2, AreaHeight / ty, SWP_NOZORDER | SWP_NOACTIVATE);
     Picture1.Attach(area, BackColor());
     for (int i = 0; i < 3; ++i) {
         Command1[i].Attach(Item(ButtonIds[i]));
@@ -175,7 +185,7 @@ void frmMsg::Prepare(const std::string& message, const MsgStyle& style)
     RenderMarkup(Picture1, message);
 
     const long tx = TwipsPerPixelX(), ty = TwipsPerPixelY();
-    const long buttonTop = Picture1.Height() * ty + ButtonGapBelowArea;
+    const long buttonTop = (1 + Picture1.Height()) * ty + ButtonGapBelowArea;
     for (int index = 0; index < 3; ++index)
         SetWindowPos(Command1[index].hwnd(), nullptr, (DesignedButtonLeft(index) - ShiftLeft) / tx, buttonTop / ty,
                      ButtonWidth / tx, ButtonHeight / ty, SWP_NOZORDER | SWP_NOACTIVATE);

@@ -221,7 +221,7 @@ TEST(ShowMsg, ALongMessageMakesTheDialogTallerWithButtons60TwipsBelowTheText)
     const long windowLong = longOne.window.bottom - longOne.window.top;
     EXPECT_GT(windowLong, windowShort + 40);
     for (const Seen* s : {&shortOne, &longOne}) {
-        EXPECT_EQ(s->area.top, 0);
+        EXPECT_LE(s->area.top, 1);
         EXPECT_EQ((s->button[0].top - s->area.bottom) * ty, 60);
         // The dialog is the buttons' top + their height + 420 twips high.
         EXPECT_EQ((s->window.bottom - s->window.top) * ty, s->button[0].bottom * ty + 420);

@@ -9,6 +9,7 @@
 #include "ErrorTrap.h"
 #include "Options.h"
 #include "frmMsg.h"
+#include "frmSetColors.h"
 #include "modMsgBox.h"
 #include "modWin32API.h"
 #include "modZunBtns.h"
@@ -76,6 +77,10 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
     } else if (scene == "error") {
         ErrorTrap trap("modAOLFunctions", "TextToChat");
         trap.Run([] { throw RuntimeError(Err::FileNotFound, "File not found"); });
+    } else if (scene == "setcolors") {
+        frmSetColors form;
+        form.Show();
+        WaitUntil([&form] { return !form.Loaded(); });
     } else if (scene == "buttons") {
         ButtonsForm form;
         form.Show();

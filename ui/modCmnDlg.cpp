@@ -1,0 +1,123 @@
+// The colour picker, its custom colours in the registry, and file-open.
+#include "modCmnDlg.h"
+
+#include <commdlg.h>
+
+#include <utility>
+
+#include "Convert.h"
+#include "ErrorTrap.h"
+#include "modRegKeys.h"
+#include "modZunBtns.h"
+
+namespace {
+
+constexpr int CustomColorCount = 16;
+constexpr UIColor White = 16777215;
+
+// A block of global memory, freed when it goes.
+class GlobalBlock {
+public:
+    explicit GlobalBlock(SIZE_T bytes) : h_(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes)) {}
+    ~GlobalBlock()
+    {
+        if (h_) GlobalFree(h_);
+    }
+    GlobalBlock(const GlobalBlock&) = delete;
+    GlobalBlock& operator=(const GlobalBlock&) = delete;
+    HGLOBAL get() const { return h_; }
+
+private:
+    HGLOBAL h_;
+};
+
+// The block locked for one scope.
+class Locked {
+public:
+    explicit Locked(HGLOBAL h) : h_(h), p_(GlobalLock(h)) {}
+    ~Locked()
+    {
+        if (p_) GlobalUnlock(h_);
+    }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+    COLORREF* colors() const { return static_cast<COLORREF*>(p_); }
+
+private:
+    HGLOBAL h_;
+    void* p_;
+};
+
+}  // namespace
+
+UIColor GetCustomColor(int index)
+{
+    UIColor color = White;
+    ErrorTrap trap("modCmnDlg", "GetCustomColor");
+    trap.Run([&] {
+        const std::string stored = Trim(ReadSetting(Section::CustomColors, std::to_string(index)));
+        if (stored.empty()) return;
+        const auto value = ToLong(stored);
+        if (!value) throw RuntimeError(Err::TypeMismatch, "Type mismatch");
+        color = *value;
+    });
+    return color;
+}
+
+void SaveCustomColor(int index, UIColor color)
+{
+    WriteSetting(Section::CustomColors, std::to_string(index), std::to_string(color));
+}
+
+UIColor PickColor(HWND owner, UIColor initial)
+{
+    UIColor result = initial;
+    ErrorTrap trap("modCmnDlg", "PickColor");
+    trap.Run([&] {
+        GlobalBlock block(CustomColorCount * sizeof(COLORREF));
+        if (!block.get()) {
+            result = 0;
+            return;
+        }
+        Locked custom(block.get());
+        if (!custom.colors()) {
+            result = 0;
+            return;
+        }
+        for (int i = 0; i < CustomColorCount; ++i) custom.colors()[i] = static_cast<COLORREF>(GetCustomColor(i));
+        CHOOSECOLORA cc{};
+        cc.lStructSize = sizeof cc;
+        cc.hwndOwner = owner;
+        cc.rgbResult = ResolveColor(initial);
+        cc.lpCustColors = custom.colors();
+        cc.Flags = CC_FULLOPEN | CC_RGBINIT;
+        const bool chosen = ChooseColorA(&cc);
+        // Custom colours the user made count even when the dialog was cancelled.
+        for (int i = 0; i < CustomColorCount; ++i) SaveCustomColor(i, static_cast<UIColor>(custom.colors()[i]));
+        const auto picked = static_cast<UIColor>(cc.rgbResult);
+        if (chosen && picked >= 0) result = picked;
+    });
+    return result;
+}
+
+std::string OpenDialog(const std::string& description, const std::string& pattern, int mode, HWND owner)
+{
+    std::string chosen;
+    ErrorTrap trap("modCmnDlg", "OpenDialog");
+    trap.Run([&] {
+        const std::string filter = description + '\0' + pattern + '\0' + '\0';
+        char file[128] = "";
+        OPENFILENAMEA ofn{};
+        ofn.lStructSize = sizeof ofn;
+        ofn.hwndOwner = owner;
+        ofn.lpstrFilter = filter.c_str();
+        ofn.lpstrFile = file;
+        ofn.nMaxFile = sizeof file;
+        ofn.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+        if (!GetOpenFileNameA(&ofn)) return;
+        const std::string path(file);
+        chosen = mode == 2 ? path.substr(0, ofn.nFileOffset) : path;
+        if (mode == 2 && !chosen.empty() && chosen.back() != '\\') chosen += '\\';
+    });
+    return chosen;
+}
