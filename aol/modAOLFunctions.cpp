@@ -23,12 +23,23 @@ HWND FindMDIChild(const char* caption)
     return AOLMDIClient ? FindWindowExA(AOLMDIClient, nullptr, "AOL Child", caption) : nullptr;
 }
 
+// The first sibling after `after` of class `className` (ignoring case), as
+// FindWindowExA(parent, after, className) gives it on Windows. Wine's
+// FindWindowExA only looks past `after` when it is of that class itself.
+HWND NextChildOfClass(HWND after, const std::string& className)
+{
+    const std::string wanted = LowerAOLText(className);
+    for (HWND w = GetWindow(after, GW_HWNDNEXT); w; w = GetWindow(w, GW_HWNDNEXT))
+        if (LowerAOLText(GetClass(w)) == wanted) return w;
+    return nullptr;
+}
+
 bool IsChatRoom(HWND window)
 {
     HWND list = FindWindowExA(window, nullptr, "_AOL_LISTBOX", nullptr);
     HWND rich = FindWindowExA(window, nullptr, "RICHCNTL", nullptr);
     HWND combo = FindWindowExA(window, nullptr, "_AOL_COMBOBOX", nullptr);
-    HWND icon = combo ? FindWindowExA(window, combo, "_AOL_ICON", nullptr) : nullptr;
+    HWND icon = combo ? NextChildOfClass(combo, "_AOL_ICON") : nullptr;
     return list && rich && combo && icon && GetAPIText(icon, false).empty();
 }
 

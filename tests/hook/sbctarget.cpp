@@ -1,5 +1,7 @@
 // A small stand-in for a hooked program, run as its own process by the hook
-// tests: a main window with a menu bar of N menus and an edit box. Its main
+// tests: a main window with a menu bar of N menus and an edit box (usage:
+// sbctarget [menus [window class]]; an "AOL FRAME25" that is not WAOL.EXE
+// plays a 16-bit AOL). Its main
 // window answers WM_APP with the edit box's current window procedure, so a
 // test can see from outside whether the box is subclassed.
 #include <windows.h>
@@ -44,14 +46,15 @@ HMENU MakeMenuBar(int menus)
 int main(int argc, char** argv)
 {
     const int menus = argc > 1 ? std::atoi(argv[1]) : 5;
+    const char* className = argc > 2 ? argv[2] : "SbcTarget";
     HINSTANCE instance = GetModuleHandleA(nullptr);
     WNDCLASSA wc = {};
     wc.lpfnWndProc = MainProc;
     wc.hInstance = instance;
-    wc.lpszClassName = "SbcTarget";
+    wc.lpszClassName = className;
     wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     RegisterClassA(&wc);
-    HWND main = CreateWindowA("SbcTarget", "Sbc Target", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
+    HWND main = CreateWindowA(className, "Sbc Target", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
                               400, 200, nullptr, MakeMenuBar(menus), instance, nullptr);
     g_edit = CreateWindowA("EDIT", "", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, 10, 10,
                            300, 24, main, nullptr, instance, nullptr);

@@ -1,0 +1,314 @@
+// The AOL modules against the AOL simulator: chat rooms, TextToChat, mail
+// windows, the session facts of every edition and version, the sign-on list
+// read from AOL's memory, the 16-bit refusal, the program's menu, AOLMAIL.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "AOLSim.h"
+#include "AOLState.h"
+#include "modAOLFunctions.h"
+#include "modAOLMenu.h"
+#include "modFindChild.h"
+#include "modLaunch32.h"
+#include "modRichText.h"
+
+namespace {
+
+std::string LastLine(const std::string& text)
+{
+    std::string trimmed = text;
+    while (!trimmed.empty() && (trimmed.back() == '\n' || trimmed.back() == '\r')) trimmed.pop_back();
+    const size_t nl = trimmed.rfind('\n');
+    return nl == std::string::npos ? trimmed : trimmed.substr(nl + 1);
+}
+
+std::string FullPath(const std::string& path)
+{
+    char full[MAX_PATH];
+    GetFullPathNameA(path.c_str(), sizeof full, full, nullptr);
+    std::string text = full;
+    for (char& c : text) c = static_cast<char>(tolower(static_cast<unsigned char>(c)));
+    return text;
+}
+
+// Bar menus of `aolsimctl menu`: the lines that are not indented.
+std::vector<std::string> BarMenus(const std::string& menu)
+{
+    std::vector<std::string> bar;
+    size_t start = 0;
+    while (start < menu.size()) {
+        size_t end = menu.find('\n', start);
+        if (end == std::string::npos) end = menu.size();
+        const std::string line = menu.substr(start, end - start);
+        if (!line.empty() && line[0] != '\t') bar.push_back(line.substr(0, line.find('\t')));
+        start = end + 1;
+    }
+    return bar;
+}
+
+class AOLSim : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        AOLVersion.clear();
+        AOLEdition = AOLEditionFlags{};
+        ScreenNames = {};
+        messages_.clear();
+        SetAOLMessageSink([this](const std::string& m, long) { messages_ += m + "\n"; });
+    }
+    void TearDown() override
+    {
+        sim_.Stop();
+        SetAOLMessageSink(nullptr);
+    }
+
+    // Starts the simulator and attaches to it as start-up does.
+    void Start(const std::string& version, const std::string& options)
+    {
+        ASSERT_TRUE(sim_.Start(version, options));
+        ASSERT_TRUE(AOLIsRunning(nullptr));
+        ASSERT_EQ(AOLWindow, sim_.Frame());
+        ASSERT_NE(AOLMDIClient, nullptr);
+    }
+
+    SimAOL sim_;
+    std::string messages_;
+};
+
+TEST_F(AOLSim, TheTopmostOfTwoRoomsIsTheChatRoom)
+{
+    Start("40", "--room \"Lobby A\" --room \"Lobby B\"");
+    HWND room = FindChatRoom(AOLMDIClient, "aol child");
+    ASSERT_NE(room, nullptr);
+    EXPECT_EQ(GetText(room), "Lobby B");
+    sim_.Ctl("open-room \"Lobby A\"");
+    EXPECT_EQ(GetText(FindChatRoom(AOLMDIClient, "AOL Child")), "Lobby A");
+    sim_.Ctl("close-room");
+    sim_.Ctl("close-room");
+    EXPECT_EQ(FindChatRoom(AOLMDIClient, "AOL Child"), nullptr);
+}
+
+// Windows of our own shaped like AOL's MDI children.
+HWND MakeChild(HWND parent, const char* className, const char* caption)
+{
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = DefWindowProcA;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.lpszClassName = className;
+    RegisterClassA(&wc);
+    return CreateWindowA(className, caption, parent ? WS_CHILD : WS_POPUP, 0, 0, 10, 10, parent,
+                         nullptr, wc.hInstance, nullptr);
+}
+
+HWND MakeRoomLike(HWND parent, const char* caption, const char* sendCaption, bool withList)
+{
+    HWND room = MakeChild(parent, "AOL Child", caption);
+    MakeChild(room, "RICHCNTL", "");
+    if (withList) MakeChild(room, "_AOL_LISTBOX", "");
+    MakeChild(room, "_AOL_ICON", "List Chats");
+    MakeChild(room, "_AOL_COMBOBOX", "");
+    MakeChild(room, "RICHCNTL", "");
+    MakeChild(room, "_AOL_ICON", sendCaption);
+    SetWindowPos(room, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    return room;
+}
+
+TEST(ChatRoomShape, LookAlikesWithACaptionedIconOrNoPeopleListAreNotRooms)
+{
+    HWND parent = MakeChild(nullptr, "FakeMDI", "");
+    HWND room = MakeRoomLike(parent, "Real", "", true);
+    MakeRoomLike(parent, "No people", "", false);
+    MakeRoomLike(parent, "Captioned", "Send", true);
+    EXPECT_EQ(GetText(GetWindow(parent, GW_CHILD)), "Captioned");
+    EXPECT_EQ(FindChatRoom(parent, "aol child"), room);
+    EXPECT_EQ(FindChatRoom(parent, "Other Class"), nullptr);
+    DestroyWindow(parent);
+}
+
+TEST_F(AOLSim, TextToChatModesSetSendOrOnlyFocus)
+{
+    Start("40", "--room \"Town Square\"");
+    TextToChat("zero", 0);
+    EXPECT_EQ(sim_.Ctl("input"), "zero\nvisible\n");
+    EXPECT_EQ(sim_.Ctl("transcript"), "");
+
+    TextToChat("<B>one</B>", 1);
+    EXPECT_EQ(sim_.Ctl("transcript"), "<B>one</B>\n");
+    EXPECT_EQ(sim_.Ctl("input"), "\nhidden\n");
+
+    TextToChat("two", 2);
+    EXPECT_EQ(LastLine(sim_.Ctl("transcript")), "two");
+
+    sim_.Ctl("type kept");
+    TextToChat("five", 5);
+    EXPECT_EQ(sim_.Ctl("input"), "kept\nhidden\n");
+    EXPECT_EQ(LastLine(sim_.Ctl("transcript")), "two");
+    EXPECT_EQ(messages_, "");
+}
+
+TEST_F(AOLSim, TextToChatWithoutARoomTellsTheUserAndSendsNothing)
+{
+    Start("40", "");
+    TextToChat("nobody hears", 1);
+    EXPECT_EQ(messages_, "You must be in a ~B~CRchat room~B~CN to use this feature!\n");
+}
+
+TEST_F(AOLSim, MailWindowsAreRecognisedByTheirThreeMarks)
+{
+    Start("40", "--room Lobby --window \"Re: hello\"");
+    EXPECT_EQ(IsEMail(FindChildByTitle(AOLMDIClient, "Re:")), nullptr);
+    EXPECT_EQ(IsEMail(FindChatRoom(AOLMDIClient, "AOL Child")), nullptr);
+    HWND mail = OpenEMail();
+    ASSERT_NE(mail, nullptr);
+    EXPECT_EQ(GetText(mail), "Write Mail");
+    EXPECT_EQ(IsEMail(mail), mail);
+    EXPECT_EQ(IsEMail(GetTopWindow(AOLMDIClient)), mail);
+}
+
+struct Edition {
+    const char* version;
+    const char* edition;
+    bool uk, canada, australia;
+};
+
+class AOLEditions : public AOLSim, public ::testing::WithParamInterface<Edition> {};
+
+TEST_P(AOLEditions, VersionEditionSignOnAndScreenNames)
+{
+    const Edition e = GetParam();
+    Start(e.version, std::string("--edition ") + e.edition +
+                         " --screen-names \"Ann  Lee,Bob,Guest,Cy\" --select Bob");
+    EXPECT_EQ(FullPath(AOLPath), FullPath(sim_.Folder()));
+    GetAOLVersion();
+    EXPECT_EQ(AOLVersion, std::string(1, e.version[0]));
+    if (AOLVersion != "3") DetectAOLEdition();
+    EXPECT_EQ(AOLEdition.UK, e.uk);
+    EXPECT_EQ(AOLEdition.Canada, e.canada);
+    EXPECT_EQ(AOLEdition.Australia, e.australia);
+
+    EXPECT_FALSE(IsAOLOnline(false));
+    ASSERT_TRUE(GetSignOnScreenNames());
+    const std::array<std::string, 6> offline = {"Ann  Lee", "Bob", "", "", "", "Bob"};
+    EXPECT_EQ(ScreenNames, offline);
+    EXPECT_EQ(GetCurrentScreenName(), "Bob");
+
+    ASSERT_EQ(sim_.Ctl("sign-on \"Ann  Lee\""), "");
+    EXPECT_TRUE(IsAOLOnline(false));
+    EXPECT_EQ(GetCurrentScreenName(), "Ann  Lee");
+    GetScreenNames();
+    EXPECT_EQ(ScreenNames[0], "Ann  Lee");
+
+    sim_.Ctl("sign-off");
+    EXPECT_FALSE(IsAOLOnline(true));
+    EXPECT_NE(messages_.find("You are not currently signed on!"), std::string::npos);
+    ASSERT_TRUE(GetSignOnScreenNames());  // now from the goodbye screen
+    EXPECT_EQ(ScreenNames, offline);
+}
+
+INSTANTIATE_TEST_SUITE_P(FourEditionsAndThreeVersions, AOLEditions,
+                         ::testing::Values(Edition{"40", "us", false, false, false},
+                                           Edition{"40", "uk", true, false, false},
+                                           Edition{"40", "ca", false, true, false},
+                                           Edition{"40", "au", false, false, true},
+                                           Edition{"30", "us", false, false, false},
+                                           Edition{"50", "us", false, false, false}));
+
+TEST_F(AOLSim, ASixteenBitAOLIsRefused)
+{
+    TestProcess impostor("\"" + ProgramFolder() + "..\\hook\\sbctarget.exe\" 5 \"AOL FRAME25\"");
+    ASSERT_NE(WaitForProcessWindow("AOL FRAME25", impostor.Id()), nullptr);
+    EXPECT_FALSE(AOLIsRunning(nullptr));
+    EXPECT_NE(messages_.find("A 16 bit version of AOL is currently running!"), std::string::npos);
+}
+
+TEST_F(AOLSim, ProgramMenuTakesItsPlaceAndRunsItsCommands)
+{
+    char folder[MAX_PATH];
+    GetTempPathA(sizeof folder, folder);
+    const std::string log = std::string(folder) + "aolmenu.log";
+    DeleteFileA(log.c_str());
+    for (int menus : {5, 8}) {
+        Start("40", "--menus " + std::to_string(menus) + " --log \"" + log + "\"");
+        AddMenuToAOL();
+        std::vector<std::string> bar = BarMenus(sim_.Ctl("menu"));
+        ASSERT_EQ(bar.size(), static_cast<size_t>(menus + 1));
+        EXPECT_EQ(bar[menus == 5 ? 5 : 7], "Prism&o");
+
+        EXPECT_TRUE(RunMenuByString(AOLWindow, "&options", true));
+        EXPECT_FALSE(RunMenuByString(AOLWindow, "Options", false));
+
+        RemoveMenuFromAOL();
+        const std::string after = sim_.Ctl("menu");
+        EXPECT_EQ(BarMenus(after).size(), static_cast<size_t>(menus));
+        RemoveMenuFromAOL();
+        EXPECT_EQ(sim_.Ctl("menu"), after);
+        sim_.Stop();
+    }
+    FILE* file = std::fopen(log.c_str(), "rb");
+    ASSERT_NE(file, nullptr);
+    std::string text(1 << 16, '\0');
+    text.resize(std::fread(&text[0], 1, text.size(), file));
+    std::fclose(file);
+    size_t count = 0;
+    for (size_t at = 0; (at = text.find("command\t60001", at)) != std::string::npos; ++at) ++count;
+    EXPECT_EQ(count, 2u);
+}
+
+class RichText : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        owner_ = CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    }
+    void TearDown() override { DestroyWindow(owner_); }
+    HWND owner_ = nullptr;
+};
+
+TEST_F(RichText, AOLMailRoundTripsUpToItsLimit)
+{
+    const std::string spaced = "  <B>Hi</B>  ";
+    PutRichText(owner_, spaced);
+    EXPECT_EQ(GetRichText(owner_), spaced);
+
+    const std::string longest(29999, 'x');
+    PutRichText(owner_, longest);
+    EXPECT_EQ(GetRichText(owner_), longest);
+    PutRichText(owner_, longest + "y");
+    EXPECT_EQ(GetRichText(owner_), "");
+
+    PutRichText(owner_, "");
+    EXPECT_EQ(GetRichText(owner_), "");
+}
+
+TEST_F(RichText, AOLMailIsTheOnlyFormatAfterWritingAndPlainTextIsNotRead)
+{
+    ASSERT_TRUE(OpenClipboard(owner_));
+    EmptyClipboard();
+    HGLOBAL plain = GlobalAlloc(GMEM_MOVEABLE, 6);
+    memcpy(GlobalLock(plain), "plain", 6);
+    GlobalUnlock(plain);
+    SetClipboardData(CF_TEXT, plain);
+    CloseClipboard();
+    EXPECT_EQ(GetRichText(owner_), "");
+
+    PutRichText(owner_, "<I>x</I>");
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_TEXT));
+    EXPECT_TRUE(IsClipboardFormatAvailable(RegisterClipboardFormatA("AOLMAIL")));
+}
+
+TEST_F(AOLSim, AOLMailPastesIntoAMailWithItsTags)
+{
+    Start("40", "--mail");
+    HWND body = sim_.Handle("mail-body");
+    ASSERT_NE(body, nullptr);
+    HWND owner = CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    PutRichText(owner, "<B>bold</B> and <I>slanted</I>");
+    SendMessageA(body, WM_COMMAND, 20003, 0);
+    const std::string mail = sim_.Ctl("mail-body");
+    EXPECT_NE(mail.find("<B>bold</B>"), std::string::npos) << mail;
+    EXPECT_NE(mail.find("<I>slanted</I>"), std::string::npos) << mail;
+    DestroyWindow(owner);
+}
+
+}  // namespace
