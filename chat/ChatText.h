@@ -1,0 +1,109 @@
+// The chat fader's fixed words and decisions, apart from any window: the chat
+// command words, what a sent line becomes, when the input line is full, the
+// advertisement's five lines and the commands of the program's AOL menu.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// The maker's addresses, used by the advertisement and the online support
+// command; change them here only.
+namespace Maker {
+inline constexpr char EMail[] = "prismo@zunsoftware.com";
+inline constexpr char WebSite[] = "http://www.zunsoftware.com";
+}  // namespace Maker
+
+// ---- Chat commands ("/" + word typed into the chat input) ----
+
+enum class ChatCommand {
+    Help,       // the help file at "Table of Contents"
+    Advertise,  // the five-line advertisement
+    Updates,    // the version check window
+    Show,       // show the control panel
+    Hide,       // hide the control panel
+    FadeOn,
+    FadeOff,
+    Options,    // the options window
+    Multiline,  // the multiline window, empty, Insert button shown
+    Keyword,    // anything else: the whole text is an AOL keyword
+};
+
+// The text lower-cased and trimmed, with every space removed ("Fade On" ->
+// "fadeon").
+std::string CommandWord(const std::string& text);
+// The command a text (without its slash) names.
+ChatCommand CommandFor(const std::string& text);
+
+// The help topic the help command and the menu's contents item open.
+inline constexpr char kHelpContentsTopic[] = "Table of Contents";
+
+// ---- A line being sent ----
+
+// Blanks (spaces) removed from both ends.
+std::string TrimBlanks(const std::string& text);
+
+// "/a/b" is chat, not a command: a slash line holding a further slash, unless
+// it holds "http://" (then it is a command that AOL opens as a keyword).
+bool IsSlashChat(const std::string& line);
+
+enum class SendAction {
+    PassOn,   // the gesture goes on to AOL with the line as typed
+    Command,  // empty the input and run the line minus its slash
+    Fade,     // fade the line and send the faded text
+};
+
+// Enter in the chat input: slash commands only with "Use Chat KW" on.
+SendAction DecideEnter(const std::string& line, bool useChatKW, bool faderOn);
+// A click on the send icon: a slash line is always a command.
+SendAction DecideSendClick(const std::string& line, bool faderOn);
+
+// Should the character `ch`, typed into a line of `length` characters, move
+// the line into the multiline window? The full length is "Chars In Line"
+// (compared as 16 bits) with the fader on, 85 with it off; backspace, tab,
+// line feed and Enter never do; a line already longer never does.
+bool IsFullLine(long length, int ch, bool faderOn, std::int32_t charsInLine);
+inline constexpr long kFullLineFaderOff = 85;
+
+// ---- The advertisement ----
+
+// The five lines, in the order they are posted; bytes in the ANSI code page.
+std::vector<std::string> AdvertLines();
+
+// ---- The program's AOL menu ----
+
+enum class MenuCommand {
+    None,          // not ours: AOL's own command
+    ControlPanel,  // 60000
+    Options,       // 60001
+    Advertise,     // 60002
+    Wizard,        // 60003
+    About,         // 60004
+    Exit,          // 60005
+    Updates,       // 60006
+    HelpContents,  // 62000
+    HelpSearch,    // 62001
+    OnlineSupport, // 62002
+};
+MenuCommand MenuCommandFor(long id);
+
+// AOL's exit command on its File menu.
+inline constexpr long kAOLExitCommand = 8207;
+// The delayed values that mean "AOL is closing": its close box (WM_CLOSE) and
+// its exit command (WM_COMMAND).
+inline constexpr long kCloseBoxEvent = 0x0010;
+inline constexpr long kExitCommandEvent = 0x0111;
+
+// What the menu hook does with a message on AOL's main window.
+struct MenuHookAction {
+    bool swallow = false;     // AOL does not see the message
+    bool post = false;        // run the delayed part with `value`
+    long value = 0;
+    bool setClosing = false;  // AOL's own exit command: let the next close through
+};
+MenuHookAction DecideMenuMessage(unsigned message, std::uintptr_t wParam, bool aolClosing);
+// Does a delayed value close AOL (and so unhook the program)?
+bool IsClosingEvent(long value);
+
+// The support page the menu's online support item opens as an AOL keyword.
+std::string OnlineSupportKeyword();

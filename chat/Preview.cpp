@@ -1,0 +1,2 @@
+// The control panel's fade preview strip.
+#include "frmChatTools.h"
