@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
 # Screenshots of the message box, the error report, the user colour dialog
-# and every button kind in each interface colour mode.
+# and every button kind in each interface colour mode; then the same buttons
+# on a 256-colour display, where the program must start in mode 0 whatever
+# mode is stored.
 set -eu
 root=$(cd "$(dirname "$0")/../.." && pwd)
 build=${PRISMO_BUILD:-$root/build}
 scenes="$build/win64/tests/ui/ui_scenes.exe"
 [ -x "$scenes" ] || { echo "ui.sh: $scenes is not built"; exit 1; }
 export WINEDEBUG=${WINEDEBUG:--all}
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
+export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
+mkdir -p "$PRISMO_SHOTS"
+declare -F shot >/dev/null || shot() { import -window root "$PRISMO_SHOTS/$1.png"; }
 
 # scene NAME ARGS...: start the scene, let it draw, photograph it, end it.
 scene() {
@@ -28,3 +34,24 @@ for mode in 0 1 2; do
     scene "ui-buttons-mode$mode" buttons "$mode"
 done
 scene ui-buttons-mode1-uk buttons 1 uk
+
+# The 256-colour display: its own 8-bit Xvfb and its own Wine prefix, with
+# mode 2 stored.
+low=${PRISMO_LOWCOLOR_DISPLAY:-$(( ${PRISMO_XVFB_DISPLAY:-83} + 10 ))}
+Xvfb ":$low" -screen 0 1024x768x8 -nolisten tcp >/dev/null 2>&1 &
+xvfb=$!
+trap 'kill $xvfb 2>/dev/null || true' EXIT
+for _ in $(seq 50); do xdpyinfo -display ":$low" >/dev/null 2>&1 && break; sleep 0.1; done
+(
+    export DISPLAY=":$low" WINEPREFIX="$build/wineprefix-8bit"
+    [ -d "$WINEPREFIX" ] || { wineboot -i >/dev/null 2>&1; wineserver -w; }
+    reg="$build/lowcolor.reg"
+    printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Default"\n\n[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\n"Default"="1024x768"\n\n[HKEY_CURRENT_USER\\Software\\Zun Software\\Prismo]\n"UIMode"="2"\n' > "$reg"
+    wine regedit /S "$(winepath -w "$reg")" >/dev/null 2>&1
+    status=0
+    "$root/scripts/wine-run" "$scenes" startmode || status=$?
+    echo "ui.sh: on the 8-bit display with mode 2 stored, the program starts in mode $status"
+    scene ui-buttons-8bit buttons
+    wineserver -k 2>/dev/null || true
+    [ "$status" = 0 ]
+)

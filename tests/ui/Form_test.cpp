@@ -222,14 +222,29 @@ TEST(UIMode, ButtonsAndFormsPaintTheModesColours)
     for (const Case& c : cases) {
         Options.UIMode = static_cast<std::int16_t>(c.mode);
         AOLEdition.UK = c.uk;
-        ZunButton button;
-        SetButtonColor(button);
-        EXPECT_EQ(ResolveColor(button.BackColor), c.face) << "mode " << c.mode;
-        EXPECT_EQ(ResolveColor(button.ForeColor), c.text) << "mode " << c.mode;
         TestForm form("frmColour");
         ASSERT_TRUE(form.Load());
         InitForm(form);
-        EXPECT_EQ(ResolveColor(form.BackColor()), c.window) << "mode " << c.mode;
+        ZunButton button;
+        button.Create(form.hwnd(), 1001, "Sample", 10, 10, 100, 30);
+        SetButtonColor(button);
+        FlatButton flat;
+        flat.Create(form.hwnd(), 1002, "B", 120, 10, 30, 30);
+        SetOptColor(false, flat);
+        form.Show();
+        Pause(50);
+        // Sample what was painted: the face left of the caption, the form's
+        // background in a corner, the flat button's face.
+        HDC buttonDC = GetDC(button.hwnd());
+        EXPECT_EQ(GetPixel(buttonDC, 5, 15), c.face) << "mode " << c.mode;
+        ReleaseDC(button.hwnd(), buttonDC);
+        HDC formDC = GetDC(form.hwnd());
+        EXPECT_EQ(GetPixel(formDC, 200, 100), c.window) << "mode " << c.mode;
+        ReleaseDC(form.hwnd(), formDC);
+        HDC flatDC = GetDC(flat.hwnd());
+        EXPECT_EQ(GetPixel(flatDC, 3, 3), ResolveColor(flat.BackColor)) << "mode " << c.mode;
+        ReleaseDC(flat.hwnd(), flatDC);
+        EXPECT_EQ(ResolveColor(button.ForeColor), c.text) << "mode " << c.mode;
     }
     AOLEdition.UK = false;
     Options.UIMode = 7;  // outside the modes: colours stay as they are

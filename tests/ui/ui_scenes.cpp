@@ -1,5 +1,6 @@
 // Shows one scene of the program's windows for the screenshot script and
-// stays until it is ended: ui_scenes SCENE [MODE].
+// stays until it is ended: ui_scenes SCENE [MODE [uk]]. "startmode" ends at
+// once with the start-up interface mode as its exit code.
 #include <windows.h>
 
 #include <cstdlib>
@@ -66,7 +67,9 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
     Options.ButtonText = 0x00FFFFFF;
     InstallErrorReport();
 
-    if (scene == "chatroom") {
+    if (scene == "startmode") {
+        return Options.UIMode;  // the mode the display and the stored setting give
+    } else if (scene == "chatroom") {
         ShowMsg("You must be in a ~B~CRchat room~B~CN to use this feature!", 64);
     } else if (scene == "paragraphs") {
         ShowMsg("~B~CRAOL Version 3.0 detected!~B~CN~N ~NPrismo is not compatible with this version of AOL. You must "
