@@ -23,7 +23,8 @@ std::string GetRichText(HWND owner)
     if (!text) return "";
     // The block may hold no NUL of its own; never read past its end.
     const size_t size = GlobalSize(static_cast<HGLOBAL>(block));
-    const size_t length = strnlen(text, size);
+    const void* nul = std::memchr(text, 0, size);
+    const size_t length = nul ? static_cast<size_t>(static_cast<const char*>(nul) - text) : size;
     if (length >= kReadLimit) return "";
     return std::string(text, length);
 }

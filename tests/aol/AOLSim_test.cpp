@@ -12,6 +12,7 @@
 #include "modFindChild.h"
 #include "modLaunch32.h"
 #include "modRichText.h"
+#include "modRegKeys.h"
 
 namespace {
 
@@ -126,6 +127,43 @@ TEST(ChatRoomShape, LookAlikesWithACaptionedIconOrNoPeopleListAreNotRooms)
     DestroyWindow(parent);
 }
 
+TEST(WindowFinding, ChildSearchesCountDirectChildrenInOrder)
+{
+    HWND parent = MakeChild(nullptr, "FakeMDI", "");
+    HWND first = MakeChild(parent, "AOL Child", "Welcome, Ann Lee!");
+    MakeChild(parent, "AOL Child", "Welcome");
+    HWND second = MakeChild(parent, "AOL Child", "welcome, Bob!");
+    MakeChild(first, "Grandchild", "Welcome, Deep!");
+    EXPECT_EQ(FindChildByTitle(parent, "Welcome,"), first);
+    EXPECT_EQ(FindChildByTitle(parent, "Welcome,", 2), second);
+    EXPECT_EQ(FindChildByTitle(parent, "Welcome,", 3), nullptr);
+    EXPECT_EQ(FindChildByTitle(parent, "Welcome,", 0), nullptr);
+    EXPECT_EQ(FindChildByClass(parent, "aol child", 3), second);
+    EXPECT_EQ(FindChildByClass(parent, "Grandchild"), nullptr);
+    EXPECT_EQ(FindChildByTitle(parent, "Welcome, ?ob"), second);
+    EXPECT_EQ(FindChildByTitle(parent, "Welcome, [!a]"), second);
+    DestroyWindow(parent);
+}
+
+TEST(WindowFinding, TextsAreReadUntrimmedAndWaitsGiveUpOnHiddenWindows)
+{
+    HWND parent = MakeChild(nullptr, "FakeMDI", "");
+    HWND spaced = MakeChild(parent, "Edit", "  x  ");
+    EXPECT_EQ(GetAPIText(spaced, true), "  x  ");
+    EXPECT_EQ(GetText(spaced), "x");
+    EXPECT_EQ(GetClass(spaced), "Edit");
+    // Exists but stays hidden: the wait ends empty after its ten seconds.
+    const DWORD start = GetTickCount();
+    EXPECT_EQ(WaitForChildByClass(parent, "Edit"), nullptr);
+    const DWORD waited = GetTickCount() - start;
+    EXPECT_GE(waited, 9000u);
+    EXPECT_LT(waited, 12000u);
+    ShowWindow(spaced, SW_SHOWNA);
+    ShowWindow(parent, SW_SHOWNA);
+    EXPECT_EQ(WaitForChildByClass(parent, "Edit"), spaced);
+    DestroyWindow(parent);
+}
+
 TEST_F(AOLSim, TextToChatModesSetSendOrOnlyFocus)
 {
     Start("40", "--room \"Town Square\"");
@@ -213,6 +251,32 @@ INSTANTIATE_TEST_SUITE_P(FourEditionsAndThreeVersions, AOLEditions,
                                            Edition{"40", "au", false, false, true},
                                            Edition{"30", "us", false, false, false},
                                            Edition{"50", "us", false, false, false}));
+
+TEST_F(AOLSim, StartingAOLReportsItsStepsAndFindsTheMainWindow)
+{
+    ASSERT_TRUE(WriteSetting(Setting::AOLPath, FullPath(SimFolder() + "aol40")));
+    std::string steps;
+    const LoadingProgress progress = [&](const std::string& status, int percent) {
+        steps += std::to_string(percent) + (status.empty() ? "" : " " + status) + ";";
+    };
+    AOLWindow = nullptr;
+    ASSERT_TRUE(StartAOL(progress, nullptr));
+    EXPECT_EQ(steps, "5;10;15;20 Starting America Online;");
+    ASSERT_NE(AOLWindow, nullptr);
+    EXPECT_NE(AOLMDIClient, nullptr);
+    EXPECT_EQ(FullPath(AOLPath), FullPath(SimFolder() + "aol40"));
+
+    steps.clear();
+    ASSERT_TRUE(AOLIsRunning(progress));
+    EXPECT_EQ(steps, "5;10;15;20 Starting America Online;25 America Online Loaded;");
+    EXPECT_EQ(FullPath(ReadSetting(Setting::AOLPath)), FullPath(SimFolder() + "aol40"));
+
+    RunAOLKeyword("prismo");
+    EXPECT_TRUE(PumpUntil([&] { return sim_.Ctl("keywords").find("prismo") != std::string::npos; },
+                          10000));
+    std::string ignored;
+    RunCaptured("\"" + SimFolder() + "aolsimctl.exe\" kill", ignored);
+}
 
 TEST_F(AOLSim, ASixteenBitAOLIsRefused)
 {
