@@ -1,6 +1,8 @@
 // The fade engine: colour text and tags, gradient fades, solid fades.
 #include "modFade.h"
 
+#include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -22,6 +24,21 @@ std::int32_t RoundHalfEven(double value)
     return static_cast<std::int32_t>(std::lrint(value));
 }
 
+// The same rounding without a library call, for the colour steps of a fade
+// (values far below 2^51). Adding and taking away 1.5 * 2^52 leaves a double
+// rounded to a whole number in the current (nearest, ties to even) mode; that
+// needs arithmetic done in double precision, so builds that evaluate in x87
+// extended precision keep the library call.
+inline std::int32_t RoundStep(double value)
+{
+#if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD == 0
+    constexpr double kShift = 6755399441055744.0;
+    return static_cast<std::int32_t>((value + kShift) - kShift);
+#else
+    return RoundHalfEven(value);
+#endif
+}
+
 int HexValue(char c)
 {
     if (c >= '0' && c <= '9') return c - '0';
@@ -34,41 +51,159 @@ int HexPair(const std::string& hex, std::size_t at)
     return HexValue(hex[at]) * 16 + HexValue(hex[at + 1]);
 }
 
-// Writes "<FONT COLOR=#RRGGBB>" at p and returns the end. The components are
-// 0 to 255 wherever the builders call this (split pairs, or values between two).
-char* WriteFontTag(char* p, std::int32_t red, std::int32_t green, std::int32_t blue)
-{
-    std::memcpy(p, kFontOpen, kFontOpenLength);
-    p += kFontOpenLength;
-    if (red == 255 && green == 255 && blue == 255) {
-        std::memcpy(p, "FBFBFB", 6);
-        p += 6;
-    } else {
-        for (std::int32_t v : {red, green, blue}) {
-            *p++ = kHexDigits[(v >> 4) & 15];
-            *p++ = kHexDigits[v & 15];
+// The most one character can take in a fade: its tag, a wave tag, itself.
+constexpr std::size_t CharacterRoom(bool wavy) { return kFontTagLength + (wavy ? kLongestWaveTag : 0) + 1; }
+
+// Two upper-case hex digits for every byte value.
+struct HexPairs {
+    char digits[256][2];
+    constexpr HexPairs() : digits()
+    {
+        for (int v = 0; v < 256; ++v) {
+            digits[v][0] = kHexDigits[v >> 4];
+            digits[v][1] = kHexDigits[v & 15];
         }
     }
-    *p++ = '>';
+};
+constexpr HexPairs kHexPairs;
+
+// "<FONT COLOR=#RRGGBB>" for components 0 to 255 (only their low byte
+// counts), pure white written as FBFBFB.
+inline char* WriteTagFast(char* p, std::int32_t red, std::int32_t green, std::int32_t blue)
+{
+    std::memcpy(p, kFontOpen, kFontOpenLength);
+    if (red == 255 && green == 255 && blue == 255) {
+        std::memcpy(p + kFontOpenLength, "FBFBFB", 6);
+    } else {
+        std::memcpy(p + kFontOpenLength, kHexPairs.digits[red & 255], 2);
+        std::memcpy(p + kFontOpenLength + 2, kHexPairs.digits[green & 255], 2);
+        std::memcpy(p + kFontOpenLength + 4, kHexPairs.digits[blue & 255], 2);
+    }
+    p[kFontTagLength - 1] = '>';
+    return p + kFontTagLength;
+}
+
+// The wave step on a phase kept in a local while a builder runs; the
+// builders store it back into WavePhase when they are done.
+inline char* WaveStep(char* p, std::int16_t& phase, bool wavy)
+{
+    if (phase == 5) phase = 1;
+    if (wavy && phase >= 1 && phase <= 4) {
+        static const char kTags[5][7] = {"", "<sup>", "</sup>", "<sub>", "</sub>"};
+        static const std::size_t kLengths[5] = {0, 5, 6, 5, 6};
+        std::memcpy(p, kTags[phase], 6);  // room for the longest is always there
+        p += kLengths[phase];
+    }
+    ++phase;
     return p;
 }
 
-// The wave step, once for every non-space character, before the character.
-char* WriteWaveStep(char* p, bool wavy)
+// One colour component along a gradient segment: its value at character i
+// (counted from 1) is start + step * i, rounded.
+struct ComponentSteps {
+    double from = 0, step = 0;
+
+    std::int32_t At(std::size_t i) const { return RoundStep(from + step * static_cast<double>(i)); }
+};
+
+ComponentSteps Steps(std::int32_t from, std::int32_t to, std::size_t n)
 {
-    if (WavePhase == 5) WavePhase = 1;
-    if (wavy) {
-        static const char* const kTags[] = {"", "<sup>", "</sup>", "<sub>", "</sub>"};
-        if (WavePhase >= 1 && WavePhase <= 4) {
-            const char* tag = kTags[WavePhase];
-            std::size_t length = std::strlen(tag);
-            std::memcpy(p, tag, length);
-            p += length;
+    return {static_cast<double>(from), static_cast<double>(to - from) / static_cast<double>(n)};
+}
+
+// The last character, from i on, whose component still has the value v that
+// it has at i. A component only ever moves one way along a segment, so the
+// characters of one value form a single run.
+std::size_t LastWithValue(const ComponentSteps& c, std::size_t i, std::size_t n, std::int32_t v)
+{
+    if (c.step == 0) return n;
+    // Guess where it crosses to its next value, and keep the guess when the
+    // values on both sides of it confirm it.
+    const double edge = (v + (c.step > 0 ? 0.5 : -0.5) - c.from) / c.step;
+    if (edge >= static_cast<double>(i)) {
+        const std::size_t end = edge >= static_cast<double>(n) ? n : static_cast<std::size_t>(edge);
+        if (c.At(end) == v && (end == n || c.At(end + 1) != v)) return end;
+    }
+    // Otherwise gallop ahead, then halve the gap.
+    std::size_t same = i, differs = n + 1, jump = 1;
+    while (same + jump <= n) {
+        if (c.At(same + jump) != v) {
+            differs = same + jump;
+            break;
+        }
+        same += jump;
+        jump *= 2;
+    }
+    while (differs - same > 1) {
+        const std::size_t mid = same + (differs - same) / 2;
+        if (c.At(mid) == v) same = mid;
+        else differs = mid;
+    }
+    return same;
+}
+
+// A long segment changes colour only every few characters: each component
+// is followed from one change to its next, and the tag is written once per
+// run of one colour and copied for each character of the run.
+char* WriteRuns(char* p, const char* text, std::size_t n, const ComponentSteps (&steps)[3],
+                std::int16_t& phase, bool wavy)
+{
+    std::int32_t value[3];
+    std::size_t last[3];
+    for (int k = 0; k < 3; ++k) {
+        value[k] = steps[k].At(1);
+        last[k] = LastWithValue(steps[k], 1, n, value[k]);
+    }
+    char tag[kFontTagLength];
+    for (std::size_t i = 1; i <= n;) {
+        const std::size_t end = std::min({last[0], last[1], last[2]});
+        WriteTagFast(tag, value[0], value[1], value[2]);
+        for (; i <= end; ++i) {
+            const char ch = text[i - 1];
+            if (ch != ' ') {
+                std::memcpy(p, tag, kFontTagLength);
+                p = WaveStep(p + kFontTagLength, phase, wavy);
+            }
+            *p++ = ch;
+        }
+        for (int k = 0; k < 3 && i <= n; ++k) {
+            if (last[k] != end) continue;
+            value[k] = steps[k].At(i);
+            last[k] = LastWithValue(steps[k], i, n, value[k]);
         }
     }
-    ++WavePhase;
     return p;
 }
+
+// A short segment changes colour at nearly every character: the colours are
+// worked out a block at a time (a loop the compiler can vectorise), then the
+// block is written.
+char* WriteBlocks(char* p, const char* text, std::size_t n, const ComponentSteps (&steps)[3],
+                  std::int16_t& phase, bool wavy)
+{
+    constexpr std::size_t kBlock = 256;
+    std::int32_t red[kBlock], green[kBlock], blue[kBlock];
+    for (std::size_t first = 1; first <= n; first += kBlock) {
+        const std::size_t count = n - first + 1 < kBlock ? n - first + 1 : kBlock;
+        for (std::size_t k = 0; k < count; ++k) {
+            const double di = static_cast<double>(first + k);
+            red[k] = RoundStep(steps[0].from + steps[0].step * di);
+            green[k] = RoundStep(steps[1].from + steps[1].step * di);
+            blue[k] = RoundStep(steps[2].from + steps[2].step * di);
+        }
+        for (std::size_t k = 0; k < count; ++k) {
+            const char c = text[first + k - 1];
+            if (c != ' ') {
+                p = WriteTagFast(p, red[k], green[k], blue[k]);
+                p = WaveStep(p, phase, wavy);
+            }
+            *p++ = c;
+        }
+    }
+    return p;
+}
+
+int Distance(std::int32_t a, std::int32_t b) { return a > b ? a - b : b - a; }
 
 // Appends one gradient segment to out.
 void AppendFade(std::string& out, const char* text, std::size_t n, ColorComponents from,
@@ -76,24 +211,17 @@ void AppendFade(std::string& out, const char* text, std::size_t n, ColorComponen
 {
     if (n == 0) return;
     std::size_t start = out.size();
-    out.resize(start + n * (kFontTagLength + kLongestWaveTag + 1));
+    out.resize(start + n * CharacterRoom(wavy) + kLongestWaveTag);
     char* p = out.data() + start;
-    // The step is (end - start) / n, worked out once; each value is
-    // start + step * i, rounded.
-    const double stepRed = static_cast<double>(to.red - from.red) / static_cast<double>(n);
-    const double stepGreen = static_cast<double>(to.green - from.green) / static_cast<double>(n);
-    const double stepBlue = static_cast<double>(to.blue - from.blue) / static_cast<double>(n);
-    for (std::size_t i = 1; i <= n; ++i) {
-        char c = text[i - 1];
-        if (c != ' ') {
-            const double di = static_cast<double>(i);
-            p = WriteFontTag(p, RoundHalfEven(from.red + stepRed * di),
-                             RoundHalfEven(from.green + stepGreen * di),
-                             RoundHalfEven(from.blue + stepBlue * di));
-            p = WriteWaveStep(p, wavy);
-        }
-        *p++ = c;
-    }
+    const ComponentSteps steps[3] = {Steps(from.red, to.red, n), Steps(from.green, to.green, n),
+                                     Steps(from.blue, to.blue, n)};
+    std::int16_t phase = WavePhase;
+    const int widest = std::max({Distance(from.red, to.red), Distance(from.green, to.green),
+                                 Distance(from.blue, to.blue)});
+    // Runs pay off once they average a few characters.
+    if (n >= 4 * static_cast<std::size_t>(widest)) p = WriteRuns(p, text, n, steps, phase, wavy);
+    else p = WriteBlocks(p, text, n, steps, phase, wavy);
+    WavePhase = phase;
     out.resize(static_cast<std::size_t>(p - out.data()));
 }
 
@@ -103,7 +231,7 @@ std::string FadeByColors(std::initializer_list<ColorValue> colors, const std::st
     for (ColorValue c : colors) parts.push_back(SplitColor(c));
     WavePhase = 2;
     std::string out;
-    out.reserve(text.size() * (kFontTagLength + 2));
+    out.reserve(text.size() * CharacterRoom(wavy) + kLongestWaveTag);
     std::size_t at = 0;
     std::vector<std::size_t> lengths = SegmentLengths(text.size(), static_cast<int>(parts.size()));
     for (std::size_t k = 0; k < lengths.size(); ++k) {
@@ -115,21 +243,27 @@ std::string FadeByColors(std::initializer_list<ColorValue> colors, const std::st
 
 std::string SolidFade(const std::string& text, std::initializer_list<ColorValue> colors, bool wavy)
 {
-    std::vector<ColorComponents> parts;
-    for (ColorValue c : colors) parts.push_back(SplitColor(c));
+    // Each colour's tag is written once here and copied for every character.
+    char tags[6][kFontTagLength];
+    std::size_t count = 0;
+    for (ColorValue c : colors) {
+        const ColorComponents part = SplitColor(c);
+        WriteTagFast(tags[count++], part.red, part.green, part.blue);
+    }
     std::string out;
-    out.resize(text.size() * (kFontTagLength + kLongestWaveTag + 1));
+    out.resize(text.size() * CharacterRoom(wavy) + kLongestWaveTag);
     char* p = out.data();
+    std::int16_t phase = WavePhase;
     std::size_t index = 0;  // the colour taking its turn, counted from 0
     for (char c : text) {
         if (c != ' ') {
-            if (index == parts.size()) index = 0;
-            const ColorComponents& part = parts[index++];
-            p = WriteFontTag(p, part.red, part.green, part.blue);
-            p = WriteWaveStep(p, wavy);
+            if (index == count) index = 0;
+            std::memcpy(p, tags[index++], kFontTagLength);
+            p = WaveStep(p + kFontTagLength, phase, wavy);
         }
         *p++ = c;
     }
+    WavePhase = phase;
     out.resize(static_cast<std::size_t>(p - out.data()));
     return out;
 }
@@ -232,12 +366,14 @@ std::string MakeOneSolidFade(const std::string& text, ColorValue c1, bool wavy)
     // A single colour is one font tag in front of the whole text.
     const ColorComponents part = SplitColor(c1);
     std::string out;
-    out.resize(kFontTagLength + text.size() * (kLongestWaveTag + 1));
-    char* p = WriteFontTag(out.data(), part.red, part.green, part.blue);
+    out.resize(kFontTagLength + text.size() * (kLongestWaveTag + 1) + kLongestWaveTag);
+    char* p = WriteTagFast(out.data(), part.red, part.green, part.blue);
+    std::int16_t phase = WavePhase;
     for (char c : text) {
-        if (c != ' ') p = WriteWaveStep(p, wavy);
+        if (c != ' ') p = WaveStep(p, phase, wavy);
         *p++ = c;
     }
+    WavePhase = phase;
     out.resize(static_cast<std::size_t>(p - out.data()));
     return out;
 }
