@@ -99,19 +99,23 @@ double SecondsSinceMidnight()
     return t.wHour * 3600.0 + t.wMinute * 60.0 + t.wSecond + t.wMilliseconds / 1000.0;
 }
 
-void RunWinHelp(HWND owner, const std::string& keyword, int noWait)
+bool WaitForHelpWindow()
 {
-    WinHelpA(owner, HelpFile().c_str(), HELP_PARTIALKEY, reinterpret_cast<ULONG_PTR>(keyword.c_str()));
-    if (noWait == -1) return;
     const double start = SecondsSinceMidnight();
     for (;;) {
         if (HWND help = FindWindowA("MS_WINHELP", "Prismo!")) {
             SetWindowZOrder(help, -1);
-            return;
+            return true;
         }
         double waited = SecondsSinceMidnight() - start;
         if (waited < 0) waited += 86400;  // past midnight
-        if (waited >= 10) return;
+        if (waited >= 10) return false;
         Pause(50);
     }
+}
+
+void RunWinHelp(HWND owner, const std::string& keyword, int noWait)
+{
+    WinHelpA(owner, HelpFile().c_str(), HELP_PARTIALKEY, reinterpret_cast<ULONG_PTR>(keyword.c_str()));
+    if (noWait != -1) WaitForHelpWindow();
 }

@@ -44,6 +44,11 @@ const std::string& HelpFile();
 // 10 seconds for the help window "Prismo!" and makes it topmost.
 void RunWinHelp(HWND owner, const std::string& keyword, int noWait);
 
+// Waits up to 10 seconds, servicing messages, for the help window
+// ("MS_WINHELP" captioned "Prismo!") and makes it topmost; false when it
+// did not come.
+bool WaitForHelpWindow();
+
 // Seconds since midnight on the local clock, as the program's 10-second
 // waits measure them.
 double SecondsSinceMidnight();

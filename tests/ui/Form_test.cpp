@@ -254,3 +254,42 @@ TEST(UIMode, ButtonsAndFormsPaintTheModesColours)
     EXPECT_EQ(untouched.BackColor, 0x00010203);
     Options.UIMode = 0;
 }
+
+TEST(Platform, ZOrderHelpWindowAndVersionText)
+{
+    TestForm a("frmZ1"), b("frmZ2");
+    a.Show();
+    b.Show();
+    SetWindowZOrder(a.hwnd(), -1);
+    EXPECT_TRUE(GetWindowLongA(a.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+    SetWindowZOrder(a.hwnd(), 0);
+    EXPECT_FALSE(GetWindowLongA(a.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+    SetWindowZOrder(b.hwnd(), 0);
+    SetWindowZOrder(a.hwnd(), 1);
+    EXPECT_FALSE(GetWindowLongA(a.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST) << "1 is the top, not topmost";
+    HWND above = a.hwnd();
+    bool aboveB = false;
+    while ((above = GetWindow(above, GW_HWNDNEXT)))
+        if (above == b.hwnd()) aboveB = true;
+    EXPECT_TRUE(aboveB);
+
+    // The help window turns up a little later and is made topmost.
+    WNDCLASSA wc{};
+    wc.lpfnWndProc = DefWindowProcA;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.lpszClassName = "MS_WINHELP";
+    RegisterClassA(&wc);
+    HWND help = nullptr;
+    TimerSteps later(300, [&] {
+        help = CreateWindowExA(0, "MS_WINHELP", "Prismo!", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr, nullptr,
+                               nullptr, nullptr);
+        return true;
+    });
+    EXPECT_TRUE(WaitForHelpWindow());
+    ASSERT_TRUE(help);
+    EXPECT_TRUE(GetWindowLongA(help, GWL_EXSTYLE) & WS_EX_TOPMOST);
+    DestroyWindow(help);
+
+    EXPECT_EQ(VersionText(), PRISMO_VERSION_TEXT) << "read from the program's own version resource";
+    EXPECT_EQ(TitleText(), std::string("Prismo - ") + PRISMO_VERSION_TEXT);
+}
