@@ -64,7 +64,8 @@ std::vector<std::pair<std::string, std::string>> HostileFiles()
     files.push_back({"No Equals", "[Options]\r\nFadeNumber 5\r\nOne\r\n"});
     files.push_back({"Nul Inside", std::string("One=12\0 34\r\nTw\0o=5\r\n", 20)});
     files.push_back({"Bom", "\xEF\xBB\xBFOne=7\r\nTwo=8\r\n"});
-    files.push_back({"", "One=666\r\nFadeNumber=6\r\n"});  // a file called just ".fde"
+    // A file called just ".fde" names no scheme (Wine lists it as hidden).
+    files.push_back({"", "One=666\r\nFadeNumber=6\r\n"});
     return files;
 }
 

@@ -99,9 +99,11 @@ TEST_F(OptionsLoadTest, BooleansCompareExactlyAndUnknownTextsChangeNothing)
     WriteSetting(Setting::FaderOn, "false");
     WriteSetting(Setting::SolidFade, "TRUE");
     WriteSetting(Setting::Italic, "1");
+    WriteSetting(Setting::UseChatKW, "true");
     Options.Italic = true;
     LoadOptionsWith('.');
     EXPECT_FALSE(Options.FaderOn);
+    EXPECT_FALSE(Options.UseChatKW);
     EXPECT_FALSE(Options.SolidFade);
     EXPECT_TRUE(Options.Italic);
 

@@ -186,13 +186,12 @@ TEST_F(SchemeFilesTest, AFileThatCannotBeMovedStaysWhereItIs)
 {
     const std::string source = work + "\\Held.fde";
     TestEnv::PutFile(source, "One=5\r\n");
-    HANDLE held = CreateFileA(source.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    // No "\incoming\" folder to copy into: the file must not be lost.
+    TestEnv::RemoveFolder(ProgramFolder() + "\\incoming");
     MoveSchemeFiles(work + "\\");
-    CloseHandle(held);
     EXPECT_EQ(ReadFile(source), "One=5\r\n");
-    EXPECT_FALSE(FileExists(IncomingFolder() + "Held.fde"));
 
+    TestEnv::CleanFolder(ProgramFolder() + "\\incoming");
     MoveSchemeFiles(work + "\\");
     EXPECT_FALSE(FileExists(source));
     EXPECT_EQ(ReadFile(IncomingFolder() + "Held.fde"), "One=5\r\n");
