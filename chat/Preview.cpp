@@ -1,2 +1,123 @@
-// The control panel's fade preview strip.
+// The control panel's fade preview strip: the working colours as one band,
+// painted from the colour buttons, and a handle to drag the panel by.
 #include "frmChatTools.h"
+
+#include "ErrorTrap.h"
+#include "GdiObjects.h"
+#include "PreviewRanges.h"
+#include "modRegKeys.h"
+
+namespace {
+
+constexpr char kStripClass[] = "PrismoPreviewStrip";
+
+// The strip's device context as a DrawSurface: one unit is one pixel.
+class StripSurface : public DrawSurface {
+public:
+    explicit StripSurface(HWND strip) : strip_(strip), dc_(GetDC(strip)) { GetClientRect(strip, &client_); }
+    ~StripSurface() override { ReleaseDC(strip_, dc_); }
+    StripSurface(const StripSurface&) = delete;
+    StripSurface& operator=(const StripSurface&) = delete;
+
+    double ScaleWidth() const override { return client_.right; }
+    double ScaleHeight() const override { return client_.bottom; }
+    void Line(double x1, double y1, double x2, double y2, ColorValue color) override
+    {
+        GdiPen pen(CreatePen(PS_SOLID, 1, static_cast<COLORREF>(color) & 0x00FFFFFF));
+        HGDIOBJ old = SelectObject(dc_, pen.get());
+        MoveToEx(dc_, static_cast<int>(x1), static_cast<int>(y1), nullptr);
+        LineTo(dc_, static_cast<int>(x2), static_cast<int>(y2));
+        SelectObject(dc_, old);
+    }
+    void Fill(ColorValue color)
+    {
+        GdiBrush brush(CreateSolidBrush(static_cast<COLORREF>(color) & 0x00FFFFFF));
+        FillRect(dc_, &client_, brush.get());
+    }
+
+private:
+    HWND strip_;
+    HDC dc_;
+    RECT client_{};
+};
+
+frmChatTools* PanelOf(HWND strip)
+{
+    return reinterpret_cast<frmChatTools*>(GetWindowLongPtrA(strip, GWLP_USERDATA));
+}
+
+LRESULT CALLBACK StripProc(HWND strip, UINT msg, WPARAM wp, LPARAM lp)
+{
+    frmChatTools* panel = PanelOf(strip);
+    try {
+        switch (msg) {
+        case WM_ERASEBKGND:
+            return 1;  // the band covers the strip; erasing would only flicker
+        case WM_PAINT: {
+            PAINTSTRUCT ps;
+            BeginPaint(strip, &ps);
+            EndPaint(strip, &ps);
+            if (panel) panel->picPreview_Paint();
+            return 0;
+        }
+        case WM_LBUTTONDOWN:
+            if (panel) panel->picPreview_MouseDown();
+            return 0;
+        default:
+            break;
+        }
+    } catch (const RuntimeError& e) {
+        ErrorReport r;
+        r.title = "Prismo";
+        r.module = "frmChatTools";
+        r.procedure = "picPreview_Paint";
+        r.number = std::to_string(e.number);
+        r.description = e.what();
+        ReportError(r);
+        return 0;
+    }
+    return DefWindowProcA(strip, msg, wp, lp);
+}
+
+}  // namespace
+
+HWND PreviewStrip::Create(HWND parent, int id, int x, int y, int width, int height)
+{
+    static bool registered = false;
+    if (!registered) {
+        WNDCLASSA wc{};
+        wc.lpfnWndProc = StripProc;
+        wc.hInstance = GetModuleHandleA(nullptr);
+        wc.hCursor = LoadCursor(nullptr, IDC_SIZEALL);
+        wc.lpszClassName = kStripClass;
+        registered = RegisterClassA(&wc) != 0;
+    }
+    hwnd_ = CreateWindowExA(WS_EX_CLIENTEDGE, kStripClass, "", WS_CHILD | WS_VISIBLE, x, y, width, height, parent,
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
+    return hwnd_;
+}
+
+void frmChatTools::picPreview_Paint()
+{
+    if (Loading || !picPreview.hwnd()) return;
+    const int n = PanelFadeNumber;
+    if (n < 1 || n > 6) return;
+    ColorValue colours[6];
+    for (int k = 0; k < n; ++k) colours[k] = cmdColor[k].BackColor;
+    StripSurface surface(picPreview.hwnd());
+    if (n == 1) {
+        surface.Fill(colours[0]);  // one colour: the strip's background
+        return;
+    }
+    PaintPreview(surface, n, colours);
+}
+
+void frmChatTools::picPreview_MouseDown()
+{
+    // The system moves the panel as if its title bar had been grabbed and
+    // returns when the user lets go.
+    ReleaseCapture();
+    SendMessageA(hwnd(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
+    WriteSetting(Setting::PanelTop, std::to_string(Top()));
+    WriteSetting(Setting::PanelLeft, std::to_string(Left()));
+}

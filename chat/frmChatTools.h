@@ -52,6 +52,7 @@ public:
     ZunButton cmdSave, cmdEmail, cmdDel, cmdRefresh;
     ZunButton cmdMin, cmdExit;
     HWND Line1 = nullptr;
+    std::string cmdMinToolTip;           // "Show Options" or "Close Options"
 
     // The three hooks: AOL's chat input, its send icon, its main window.
     SubClass sbcChatEdit, sbcSendIcon, sbcMenu;
@@ -116,8 +117,11 @@ private:
     void ApplyState(bool expanded);
     void SelectScheme(const std::string& name);
     std::string SchemeText() const;
+    void SetMinToolTip(const std::string& text);
     void StartTimer();
     void StopTimer();
+
+    HWND toolTip_ = nullptr;
 };
 
 // The program's one control panel.
@@ -126,4 +130,4 @@ frmChatTools& ChatTools();
 // Shared flags of the chat fader.
 extern bool PanelShownForChat;  // the watcher showed the panel for the open room
 extern bool AOLClosing;         // AOL's exit command was seen; the program is ending
-extern bool EMailWindow;        // a mail being written was seen by the watcher
+extern HWND EMailWindow;        // the mail being written that the e-mail fader works on

@@ -183,6 +183,9 @@ void frmMsg::Prepare(const std::string& message, const MsgStyle& style)
     }
 
     RenderMarkup(Picture1, message);
+    // The text also goes into the area's window text, where screen readers and
+    // other programs can read it.
+    SetWindowTextA(Item(IDC_MSG_AREA), message.c_str());
 
     const long tx = TwipsPerPixelX(), ty = TwipsPerPixelY();
     const long buttonTop = (1 + Picture1.Height()) * ty + ButtonGapBelowArea;

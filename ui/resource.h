@@ -31,3 +31,50 @@
 #define IDC_SC_BTNTC 313
 #define IDC_SC_SAMPLE 314
 #define IDC_SC_EXIT 315
+
+// frmChatTools: 400-499 (its controls are made in code)
+#define IDD_CHATTOOLS 400
+#define IDC_CT_SCHEMES 401
+#define IDC_CT_COLOR1 410  // to 415
+#define IDC_CT_FADE1 420   // to 425
+#define IDC_CT_WAVY 430
+#define IDC_CT_BOLD 431
+#define IDC_CT_ITALIC 432
+#define IDC_CT_ULINE 433
+#define IDC_CT_SOLID 434
+#define IDC_CT_ON 440
+#define IDC_CT_OFF 441
+#define IDC_CT_PREVIEW 450
+#define IDC_CT_SAVE 460
+#define IDC_CT_EMAIL 461
+#define IDC_CT_DEL 462
+#define IDC_CT_REFRESH 463
+#define IDC_CT_MIN 470
+#define IDC_CT_EXIT 471
+#define IDC_CT_LINE1 472
+
+// frmCMDialog: 500-599
+#define IDD_CMDIALOG 500
+#define IDC_CM_LABEL3 501
+#define IDC_CM_DRIVE1 502
+#define IDC_CM_LABEL2 503
+#define IDC_CM_DIR1 504
+#define IDC_CM_FILE1 505
+#define IDC_CM_LABEL1 506
+#define IDC_CM_TXTPATH 507
+#define IDC_CM_LBLPATH 508
+#define IDC_CM_HINT 509
+#define IDC_CM_COMMAND1 510
+#define IDC_CM_COMMAND2 511
+
+// frmMain (the loading window): 600-699
+#define IDD_LOADING 600
+#define IDC_LD_TITLE 601
+#define IDC_LD_BAR 602
+
+// The program's input box: 700-799
+#define IDD_INPUTBOX 700
+#define IDC_IB_PROMPT 701
+#define IDC_IB_TEXT 702
+#define IDC_IB_OK 703
+#define IDC_IB_CANCEL 704

@@ -1,0 +1,95 @@
+// The commands of the program's menu in AOL's menu bar, and the one place
+// where chat commands and menu commands open the program's other windows.
+#include <windows.h>
+
+#include "ChatHooks.h"
+#include "ChatText.h"
+#include "Form.h"
+#include "frmChatTools.h"
+#include "modAOLFunctions.h"
+#include "modAOLMenu.h"
+#include "modFindChild.h"
+#include "modWin32API.h"
+
+namespace {
+
+ProgramWindowObserver& Observer()
+{
+    static ProgramWindowObserver observer;
+    return observer;
+}
+
+// Help opens in front of the panel and waits for the help window.
+bool OpenHelp(const std::string& topic)
+{
+    RunWinHelp(ChatTools().hwnd(), topic, 0);
+    return true;
+}
+
+}  // namespace
+
+void SetProgramWindowObserver(ProgramWindowObserver observer)
+{
+    Observer() = std::move(observer);
+}
+
+bool OpenProgramWindow(const ProgramWindowRequest& request)
+{
+    if (Observer() && Observer()(request)) return true;
+    switch (request.which) {
+    case ProgramWindow::Help:
+        return OpenHelp(request.text);
+    // Windows still to come; each is opened here once it is part of the program.
+    case ProgramWindow::Options:
+    case ProgramWindow::Wizard:
+    case ProgramWindow::About:
+    case ProgramWindow::VersionCheck:
+    case ProgramWindow::Multiline:
+    case ProgramWindow::MultilineInsert:
+    case ProgramWindow::EMailToolbar:
+    case ProgramWindow::EMailToolbarUnload:
+        return false;
+    }
+    return false;
+}
+
+void RunMenuCommand(frmChatTools& panel, MenuCommand command)
+{
+    switch (command) {
+    case MenuCommand::ControlPanel:
+        ChatRoomWindow = FindChatRoom(AOLMDIClient, "AOL Child");
+        panel.ShowPanel();
+        break;
+    case MenuCommand::Options:
+        OpenProgramWindow({ProgramWindow::Options, ""});
+        break;
+    case MenuCommand::Advertise:
+        panel.Advertise();
+        break;
+    case MenuCommand::Wizard:
+        OpenProgramWindow({ProgramWindow::Wizard, ""});
+        break;
+    case MenuCommand::Updates:
+        OpenProgramWindow({ProgramWindow::VersionCheck, ""});
+        break;
+    case MenuCommand::About:
+        OpenProgramWindow({ProgramWindow::About, ""});
+        break;
+    case MenuCommand::Exit:
+        RemoveMenuFromAOL();
+        panel.sbcMenu.Attach(nullptr, {});
+        UnloadAllForms();
+        break;
+    case MenuCommand::HelpContents:
+        OpenProgramWindow({ProgramWindow::Help, kHelpContentsTopic});
+        break;
+    case MenuCommand::HelpSearch:
+        OpenProgramWindow({ProgramWindow::Help, ""});
+        break;
+    case MenuCommand::OnlineSupport:
+        if (IsAOLOnline(false)) RunAOLKeyword(OnlineSupportKeyword());
+        break;
+    case MenuCommand::None:
+        break;
+    }
+}

@@ -1,0 +1,143 @@
+// The send hooks: Enter in AOL's chat input and a click on its send icon.
+// A slash line becomes a chat command, any other line goes out faded while
+// the fader is on, and everything else reaches AOL untouched.
+#include <windows.h>
+
+#include "ChatHooks.h"
+#include "ChatText.h"
+#include "ErrorTrap.h"
+#include "frmChatTools.h"
+#include "modAOLFunctions.h"
+#include "modFade.h"
+
+namespace {
+
+// Delayed values of the two send hooks.
+constexpr LONG_PTR kRunEnterCommand = 1;   // the command taken from an Enter
+constexpr LONG_PTR kRunClickCommand = 2;   // the command taken at the icon's button-down
+constexpr LONG_PTR kShowInput = 3;         // the click has sent the line: show the input
+
+void SetChatLine(HWND input, const char* text)
+{
+    SendMessageA(input, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+}
+
+// Swaps the line in the input for its faded form, out of the user's sight.
+void PutFadedLine(HWND input, std::string line)
+{
+    SetChatLine(input, "");
+    FadeEngine(line);
+    ShowWindow(input, SW_HIDE);
+    TextToChat(line, 0);
+}
+
+void RunChatHookEvent(frmChatTools& panel, LONG_PTR value)
+{
+    if (value == kShowInput) {
+        ShowChatInput(panel.sbcChatEdit.Window());
+        return;
+    }
+    const bool fromClick = value == kRunClickCommand;
+    if (fromClick && !panel.CommandPending) return;
+    const std::string command = panel.PendingCommand;
+    panel.ActivateCommand(command);
+    if (fromClick) panel.CommandPending = false;
+}
+
+}  // namespace
+
+std::string ReadChatLine(HWND input)
+{
+    const LRESULT length = SendMessageA(input, WM_GETTEXTLENGTH, 0, 0);
+    if (length <= 0) return "";
+    std::string buffer(static_cast<size_t>(length) + 1, '\0');
+    const LRESULT got = SendMessageA(input, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(&buffer[0]));
+    buffer.resize(got > 0 ? static_cast<size_t>(got) : 0);
+    return buffer;
+}
+
+void ShowChatInput(HWND input)
+{
+    if (input && IsWindow(input) && !IsWindowVisible(input)) ShowWindow(input, SW_SHOWNA);
+}
+
+void WireChatHooks(frmChatTools& panel)
+{
+    auto delayed = [&panel](LONG_PTR value) {
+        ErrorTrap::Ignoring([&] { RunChatHookEvent(panel, value); });
+    };
+    panel.sbcChatEdit.DelayedEvent = delayed;
+    panel.sbcSendIcon.DelayedEvent = delayed;
+}
+
+// Runs before the chat input sees each character. Errors are ignored step by
+// step: a failing step never keeps a key from AOL.
+void frmChatTools::sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM,
+                                           LRESULT& result, bool& noDefault)
+{
+    if (message != WM_CHAR || SendingEnter) return;
+    const int character = static_cast<int>(wParam);
+    // The per-key path reads only the line's length and the options in memory.
+    ErrorTrap::Ignoring([&] {
+        if (!Options.UseMultiline) return;
+        const long length = static_cast<long>(SendMessageA(window, WM_GETTEXTLENGTH, 0, 0));
+        if (IsFullLine(length, character, Options.FaderOn, Options.CharsInLine))
+            EnableMultiline(window, character, length);
+    });
+    if (character != 13) return;
+
+    std::string line;
+    ErrorTrap::Ignoring([&] { line = ReadChatLine(window); });
+    switch (DecideEnter(line, Options.UseChatKW, Options.FaderOn)) {
+    case SendAction::PassOn:
+        return;
+    case SendAction::Command:
+        noDefault = true;
+        result = 0;
+        ErrorTrap::Ignoring([&] { SetChatLine(window, ""); });
+        // The command may open windows or post lines: it runs once AOL has
+        // finished with this Enter.
+        PendingCommand = line.substr(1);
+        sbcChatEdit.PostDelayedEvent(kRunEnterCommand);
+        return;
+    case SendAction::Fade:
+        noDefault = true;
+        result = 0;
+        ErrorTrap::Ignoring([&] { PutFadedLine(window, line); });
+        // Our own Enter must pass this hook untouched; nothing between
+        // setting and clearing the flag lets the user type.
+        SendingEnter = true;
+        ErrorTrap::Ignoring([&] { SendMessageA(window, WM_CHAR, 13, 0); });
+        SendingEnter = false;
+        ErrorTrap::Ignoring([&] { ShowChatInput(window); });
+        return;
+    }
+}
+
+// Runs before the send icon sees the mouse button. AOL sends on the click, so
+// the faded line put in at button-down is what goes out.
+void frmChatTools::sbcSendIcon_WndMessageX(HWND, UINT message, WPARAM, LPARAM, LRESULT&, bool&)
+{
+    ErrorTrap trap("frmChatTools", "sbcSendIcon_WndMessageX");
+    HWND input = sbcChatEdit.Window();
+    if (message == WM_LBUTTONUP) {
+        if (CommandPending) sbcSendIcon.PostDelayedEvent(kRunClickCommand);
+        if (input && !IsWindowVisible(input)) sbcSendIcon.PostDelayedEvent(kShowInput);
+        return;
+    }
+    if (message != WM_LBUTTONDOWN || !input) return;
+    std::string line;
+    if (!trap.Run([&] { line = ReadChatLine(input); })) return;
+    switch (DecideSendClick(line, Options.FaderOn)) {
+    case SendAction::PassOn:
+        return;
+    case SendAction::Command:
+        trap.Run([&] { SetChatLine(input, ""); });
+        PendingCommand = line.substr(1);
+        CommandPending = true;
+        return;
+    case SendAction::Fade:
+        trap.Run([&] { PutFadedLine(input, line); });
+        return;
+    }
+}

@@ -1,0 +1,147 @@
+// The chat room watcher and the hook on AOL's main window: the send hooks
+// follow the open chat room, the panel comes and goes with it, the e-mail
+// toolbar with mail windows, screen names are read once per sign-on, and the
+// program detaches itself and ends when AOL closes or vanishes.
+#include <windows.h>
+
+#include "AOLState.h"
+#include "AOLText.h"
+#include "ChatHooks.h"
+#include "ChatText.h"
+#include "ErrorTrap.h"
+#include "Form.h"
+#include "frmChatTools.h"
+#include "modAOLFunctions.h"
+#include "modAOLMenu.h"
+#include "modFindChild.h"
+#include "modWin32API.h"
+
+namespace {
+
+// A mail being written, looked for in the order AOL's windows are most
+// likely to be it; 0 when there is none.
+HWND FindMailBeingWritten()
+{
+    const char* caption = AOLEdition.Australia ? "Write e-mail" : "Write Mail";
+    if (HWND mail = FindWindowExA(AOLMDIClient, nullptr, "AOL Child", caption)) return mail;
+    for (const char* title : {"Re:", "Fwd:"}) {
+        HWND reply = FindChildByTitle(AOLMDIClient, title);
+        if (reply && FindWindowExA(reply, nullptr, "_AOL_EDIT", nullptr)) return reply;
+    }
+    if (HWND boards = FindWindowExA(AOLMDIClient, nullptr, "AOL Child", "Global Message Board Preferences"))
+        return boards;
+    return IsEMail(GetTopWindow(AOLMDIClient));
+}
+
+}  // namespace
+
+void frmChatTools::Timer1_Timer()
+{
+    HWND room = nullptr, input = nullptr;
+    ErrorTrap::Ignoring([&] {
+        room = FindChatRoom(AOLMDIClient, "AOL Child");
+        if (room) input = FindChildByClass(room, "RICHCNTL", 2);
+    });
+    if (input != ChatInputWindow) ChatHooked = false;
+    if (!room) {
+        ChatHooked = false;
+        ErrorTrap::Ignoring([&] {
+            sbcChatEdit.Attach(nullptr, {});
+            sbcSendIcon.Attach(nullptr, {});
+        });
+        ChatInputWindow = nullptr;
+        if (PanelShownForChat) {
+            PanelShownForChat = false;
+            ErrorTrap::Ignoring([&] { HidePanel(); });
+        }
+    } else if (!ChatHooked) {
+        ChatInputWindow = input;
+        HWND send = nullptr;
+        ErrorTrap::Ignoring([&] {
+            send = GetWindow(input, GW_HWNDNEXT);
+            if (AOLEdition.UK && send) send = GetWindow(send, GW_HWNDNEXT);
+        });
+        if (Options.ShowFadePanelWithChat && !PanelShownForChat) {
+            PanelShownForChat = true;
+            ErrorTrap::Ignoring([&] { ShowPanel(); });
+            ChatRoomWindow = room;
+        }
+        ErrorTrap::Ignoring([&] {
+            WireChatHooks(*this);
+            sbcChatEdit.Attach(input, {WM_CHAR});
+            sbcSendIcon.Attach(send, {WM_LBUTTONDOWN, WM_LBUTTONUP});
+        });
+        ChatHooked = true;
+    }
+
+    if (Options.ShowEFToolbar) {
+        HWND mail = nullptr;
+        ErrorTrap::Ignoring([&] { mail = FindMailBeingWritten(); });
+        if (!mail) {
+            EFadeShown = false;
+            ErrorTrap::Ignoring([&] { OpenProgramWindow({ProgramWindow::EMailToolbarUnload, ""}); });
+            EMailWindow = nullptr;
+        } else if (!EFadeShown) {
+            EMailWindow = mail;
+            ErrorTrap::Ignoring([&] { OpenProgramWindow({ProgramWindow::EMailToolbar, ""}); });
+            EFadeShown = true;
+            ErrorTrap::Ignoring([&] { SetFocus(mail); });
+        }
+    }
+
+    bool online = false;
+    ErrorTrap::Ignoring([&] { online = IsAOLOnline(false); });
+    if (online && !SignedOnSeen) {
+        ErrorTrap::Ignoring([&] { GetScreenNames(); });
+        ErrorTrap::Ignoring([&] {
+            if (TrimAOLText(ScreenNames[5]).empty()) ScreenNames[5] = GetCurrentScreenName();
+        });
+        SignedOnSeen = true;
+    } else if (!online && SignedOnSeen) {
+        SignedOnSeen = false;
+    }
+
+    // AOL is gone without telling us: the program ends with it.
+    if (!FindWindowA("AOL FRAME25", nullptr)) UnloadAllForms();
+}
+
+void frmChatTools::sbcMenu_WndMessageX(HWND, UINT message, WPARAM wParam, LPARAM, LRESULT& result,
+                                       bool& noDefault)
+{
+    const MenuHookAction action = DecideMenuMessage(message, wParam, AOLClosing);
+    if (action.setClosing) AOLClosing = true;
+    if (action.swallow) {
+        noDefault = true;
+        result = 0;
+    }
+    // Menu commands and closing run after AOL has returned from the message.
+    if (action.post) sbcMenu.PostDelayedEvent(action.value);
+}
+
+void frmChatTools::sbcMenu_DelayedEvent(LONG_PTR value)
+{
+    ErrorTrap trap("frmChatTools", "sbcMenu_DelayedEvent");
+    if (IsClosingEvent(static_cast<long>(value))) {
+        trap.Run([&] { UnhookPrismo(); });
+        return;
+    }
+    const MenuCommand command = MenuCommandFor(static_cast<long>(value));
+    if (command != MenuCommand::None) trap.Run([&] { RunMenuCommand(*this, command); });
+}
+
+// Takes the program out of AOL and lets AOL's close go on: the menu goes, the
+// hooks come off, the windows unload, and AOL gets its WM_CLOSE unhooked.
+void frmChatTools::UnhookPrismo()
+{
+    ErrorTrap::Ignoring([&] { RemoveMenuFromAOL(); });
+    ErrorTrap::Ignoring([&] { Pause(500); });
+    ErrorTrap::Ignoring([&] {
+        sbcChatEdit.Attach(nullptr, {});
+        sbcMenu.Attach(nullptr, {});
+        sbcSendIcon.Attach(nullptr, {});
+    });
+    ChatHooked = false;
+    ErrorTrap::Ignoring([&] { UnloadAllForms(); });
+    ErrorTrap::Ignoring([&] { Pause(1000); });
+    if (AOLWindow && IsWindow(AOLWindow)) SendMessageA(AOLWindow, WM_CLOSE, 0, 0);
+}
