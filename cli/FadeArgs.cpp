@@ -4,8 +4,6 @@
 #include "Convert.h"
 #include "SchemeText.h"
 
-#include <cctype>
-
 const char* const kFadeUsage =
     "usage: prismo-fade [options] [text ...]\n"
     "Fades each line of the text (the arguments, else standard input) into AOL HTML.\n"

@@ -113,7 +113,10 @@ int RunPrismoFade(const std::vector<std::string>& args, std::FILE* in, std::FILE
     try {
         request = ReadRequest(args);
     } catch (const FadeArgsError& e) {
-        std::fprintf(err, "prismo-fade: %s\n", e.what());
+        std::string message = e.what();
+        for (char& c : message)
+            if (c == '\n' || c == '\r') c = ' ';  // the problem stays on one line
+        std::fprintf(err, "prismo-fade: %s\n", message.c_str());
         return kFadeBadInput;
     }
     if (request.help) {

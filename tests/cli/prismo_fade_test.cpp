@@ -166,6 +166,7 @@ TEST(PrismoFade, BadInputIsOneLineOnStandardErrorAndStatusTwo)
         {{"--colors", "16777216", "x"}, "16777216"},
         {{"--colors", "-1", "x"}, "-1"},
         {{"--colors", "red", "x"}, "red"},
+        {{"--colors", "#FF0000,li\nne", "x"}, "li ne"},
         {{"--colors", "1,2,3,4,5,6,7", "x"}, "six"},
         {{"--colors"}, "--colors"},
         {{"--fade-number", "2.5", "x"}, "2.5"},
