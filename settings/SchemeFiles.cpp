@@ -15,23 +15,27 @@ constexpr char kSchemeExtension[] = ".fde";
 constexpr char kSchemePattern[] = "*.fde";
 
 // Runs each step of an import either through a procedure's error trap or
-// with errors ignored.
-using StepRunner = std::function<void(const std::function<void()>&)>;
+// with errors ignored; false stops the import (the trap's Abort).
+using StepRunner = std::function<bool(const std::function<void()>&)>;
 
 // Imports one file into "Schemes\" + name, step by step: make sure the file
 // exists, read it, store its lines. Values the file does not hold stay.
 void ImportSchemeFile(const std::string& path, const std::string& name, const StepRunner& run)
 {
     std::string contents;
-    run([&] { TouchFile(path); });
-    run([&] { contents = ReadFile(path); });
+    if (!run([&] { TouchFile(path); })) return;
+    if (!run([&] { contents = ReadFile(path); })) return;
     const std::string section = SchemeSection(name);
     run([&] {
         for (const std::string& line : SplitSchemeLines(contents)) ParseSchemeLine(section, line);
     });
 }
 
-void IgnoreErrors(const std::function<void()>& step) { ErrorTrap::Ignoring(step); }
+bool IgnoreErrors(const std::function<void()>& step)
+{
+    ErrorTrap::Ignoring(step);
+    return true;
+}
 
 }  // namespace
 
@@ -61,11 +65,8 @@ void WriteSchemeFile(const std::string& name, const std::string& folder)
 void UpdateFadeReg(const std::string& folder, const std::string& name)
 {
     ErrorTrap trap("frmWizard", "UpdateFadeReg");
-    // Abort ends the program in the trap; the remaining steps then do nothing
-    // that could matter, so every step is simply run through it.
-    ImportSchemeFile(folder + name + kSchemeExtension, name, [&trap](const std::function<void()>& step) {
-        trap.Run(step);
-    });
+    ImportSchemeFile(folder + name + kSchemeExtension, name,
+                     [&trap](const std::function<void()>& step) { return trap.Run(step); });
 }
 
 void MoveSchemeFiles(const std::string& sourceFolder)

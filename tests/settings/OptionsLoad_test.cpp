@@ -6,7 +6,6 @@
 #include "MemoryStore.h"
 #include "Options.h"
 #include "OptionsLoad.h"
-#include "Schemes.h"
 #include "modRegKeys.h"
 
 #include <gtest/gtest.h>
@@ -200,21 +199,6 @@ TEST_F(OptionsLoadTest, UserColoursAreTrimmedAndMustBeNumbers)
         EXPECT_EQ(e.number, Err::TypeMismatch);
     }
     EXPECT_TRUE(reports.empty());  // start-up handles it, not the report
-}
-
-TEST_F(OptionsLoadTest, ImportingOverASchemeKeepsWhatTheFileLacks)
-{
-    const std::string section = SchemeSection("Mine");
-    for (const char* line : {"FadeNumber=4", "One=1", "Two=2", "Bold=True"}) ParseSchemeLine(section, line);
-    for (const char* line : {"[Colors]", "ONE=10", "Three=3=3", "Solid=True"}) ParseSchemeLine(section, line);
-    SchemeTexts s = ReadScheme("Mine");
-    EXPECT_EQ(s.fadeNumber, "4");
-    EXPECT_EQ(s.colors[0], "10");
-    EXPECT_EQ(s.colors[1], "2");
-    EXPECT_EQ(s.colors[2], "3=3");
-    EXPECT_EQ(s.bold, "True");
-    EXPECT_EQ(s.wavy, "");
-    EXPECT_EQ(ReadSetting(section, "Solid"), "");
 }
 
 }  // namespace

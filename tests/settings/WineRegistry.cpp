@@ -118,28 +118,17 @@ bool RawGet(const std::string& section, const std::string& name, DWORD& type, st
     return result == ERROR_SUCCESS;
 }
 
-std::map<std::string, std::pair<DWORD, std::string>> ProgramTree()
+std::map<std::string, std::pair<DWORD, std::string>> ProgramTree(std::vector<std::string>* keys)
 {
     std::map<std::string, std::pair<DWORD, std::string>> values;
-    std::vector<std::string> keys;
+    std::vector<std::string> found;
     HKEY key = nullptr;
     if (RegOpenKeyExA(HKEY_CURRENT_USER, kRoot, 0, KEY_READ, &key) == ERROR_SUCCESS) {
-        Walk(key, "", keys, values);
+        Walk(key, "", found, values);
         RegCloseKey(key);
     }
+    if (keys) *keys = found;
     return values;
-}
-
-std::vector<std::string> ProgramKeys()
-{
-    std::map<std::string, std::pair<DWORD, std::string>> values;
-    std::vector<std::string> keys;
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, kRoot, 0, KEY_READ, &key) == ERROR_SUCCESS) {
-        Walk(key, "", keys, values);
-        RegCloseKey(key);
-    }
-    return keys;
 }
 
 std::string ShippedSchemesFolder() { return PRISMO_SCHEMES_DIR; }

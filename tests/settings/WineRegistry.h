@@ -25,10 +25,9 @@ void RawSet(const std::string& section, const std::string& name, DWORD type, con
 bool RawGet(const std::string& section, const std::string& name, DWORD& type, std::string& bytes);
 
 // Every value under the program's key, by "section|name" (section as the
-// key path below the program's key), each as its type and bytes.
-std::map<std::string, std::pair<DWORD, std::string>> ProgramTree();
-// Every key below the program's key, as paths such as "Schemes\Cool Fade".
-std::vector<std::string> ProgramKeys();
+// key path below the program's key), each as its type and bytes; `keys`
+// receives every key below the program's key ("Schemes\Cool Fade").
+std::map<std::string, std::pair<DWORD, std::string>> ProgramTree(std::vector<std::string>* keys = nullptr);
 
 // Writes the shipped schemes into the registry from the installer's
 // REGEDIT4 file (data/schemes/Schemes.reg), as the installer will.
