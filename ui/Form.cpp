@@ -53,7 +53,11 @@ Form::Form(std::string name, int templateId, int pixelWidth, int pixelHeight)
 
 Form::~Form()
 {
-    if (hwnd_) DestroyWindow(hwnd_);
+    if (hwnd_) {
+        // The derived form is already gone: its window must not call back into it.
+        SetWindowLongPtrA(hwnd_, templateId_ ? DWLP_USER : GWLP_USERDATA, 0);
+        DestroyWindow(hwnd_);
+    }
     auto& forms = FormList();
     forms.erase(std::remove(forms.begin(), forms.end(), this), forms.end());
 }
