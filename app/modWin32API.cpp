@@ -28,7 +28,7 @@ std::string& HelpFilePath()
 
 }  // namespace
 
-void DoEvents()
+bool DoEvents()
 {
     // One round: what was waiting when it began. A handler that keeps
     // posting to itself ends the round instead of holding it for ever.
@@ -38,15 +38,16 @@ void DoEvents()
         if (msg.message == WM_QUIT) {
             // Leave the quit for the loop that owns the program's life.
             PostQuitMessage(static_cast<int>(msg.wParam));
-            return;
+            return false;
         }
         HWND top = TopLevelOf(msg.hwnd);
         if (!(top && IsDialogWindow(top) && IsDialogMessageA(top, &msg))) {
             TranslateMessage(&msg);
             DispatchMessageA(&msg);
         }
-        if (static_cast<LONG>(msg.time - began) > 0) return;
+        if (static_cast<LONG>(msg.time - began) > 0) break;
     }
+    return true;
 }
 
 void Pause(double ms)
@@ -54,7 +55,7 @@ void Pause(double ms)
     const DWORD start = GetTickCount();
     const DWORD span = ms > 0 ? static_cast<DWORD>(ms + 0.5) : 0;
     for (;;) {
-        DoEvents();
+        if (!DoEvents()) return;
         // Unsigned subtraction keeps the wait right across the counter's wrap.
         const DWORD elapsed = GetTickCount() - start;
         if (elapsed >= span) return;

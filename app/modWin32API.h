@@ -12,15 +12,18 @@
 void Pause(double ms);
 
 // Services every message already waiting (a modeless dialog gets its
-// keyboard handling), then returns. One round of Pause.
-void DoEvents();
+// keyboard handling), then returns. One round of Pause. False when the
+// program has been asked to quit: the quit is left in the queue for the
+// program's own message loop, and waits end at once.
+bool DoEvents();
 
-// Services messages, sleeping between them, until `done()` is true.
+// Services messages, sleeping between them, until `done()` is true or the
+// program is quitting.
 template <class Done>
 void WaitUntil(Done done)
 {
     for (;;) {
-        DoEvents();
+        if (!DoEvents()) return;
         if (done()) return;
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 100, QS_ALLINPUT);
     }

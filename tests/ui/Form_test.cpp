@@ -112,6 +112,17 @@ TEST(Pause, ASecondWaitKeepsTimersRunningAndCostsAlmostNoCpu)
                 cpu, ticks);
 }
 
+TEST(Pause, AQuitEndsTheWaitAndStaysQueuedForTheProgramsLoop)
+{
+    PostQuitMessage(3);
+    const DWORD start = GetTickCount();
+    Pause(3000);
+    EXPECT_LT(GetTickCount() - start, 1000u);
+    MSG msg;
+    ASSERT_TRUE(PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(msg.wParam, 3u);
+}
+
 TEST(RePosForm, PullsAFormBackOnScreenInTheOrderOfTheAxes)
 {
     TestForm form("frmPlace");
@@ -292,4 +303,38 @@ TEST(Platform, ZOrderHelpWindowAndVersionText)
 
     EXPECT_EQ(VersionText(), PRISMO_VERSION_TEXT) << "read from the program's own version resource";
     EXPECT_EQ(TitleText(), std::string("Prismo - ") + PRISMO_VERSION_TEXT);
+}
+
+TEST(ErrorReport, AbortUnloadsEveryFormAndEndsTheProgram)
+{
+    // The scene program loads a form, then fails a step; its report is
+    // answered Abort from here.
+    const std::string folder = AppPath();
+    const std::string mark = folder + "\\abort.mark";
+    DeleteFileA(mark.c_str());
+    SetEnvironmentVariableA("PRISMO_UNLOAD_MARK", mark.c_str());
+    std::string command = "\"" + folder + "\\ui_scenes.exe\" error 0";
+    STARTUPINFOA si{};
+    si.cb = sizeof si;
+    PROCESS_INFORMATION pi{};
+    ASSERT_TRUE(CreateProcessA(nullptr, &command[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi));
+    bool clicked = false;
+    const DWORD start = GetTickCount();
+    WaitUntil([&] {
+        if (GetTickCount() - start > 20000) return true;
+        HWND report = FindShown(TitleText());
+        if (report && !clicked) {
+            Click(GetDlgItem(report, IDC_ERR_ABORT));
+            clicked = true;
+        }
+        return WaitForSingleObject(pi.hProcess, 0) == WAIT_OBJECT_0;
+    });
+    DWORD code = 99;
+    GetExitCodeProcess(pi.hProcess, &code);
+    CloseHandle(pi.hThread);
+    CloseHandle(pi.hProcess);
+    EXPECT_TRUE(clicked);
+    EXPECT_EQ(code, 0u);
+    EXPECT_NE(GetFileAttributesA(mark.c_str()), INVALID_FILE_ATTRIBUTES) << "the loaded form was unloaded";
+    DeleteFileA(mark.c_str());
 }

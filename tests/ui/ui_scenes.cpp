@@ -53,6 +53,22 @@ private:
     ProgressBar bar_;
 };
 
+// A form that leaves a mark file when it is unloaded, so that a test can
+// tell that Abort unloaded every form before the program ended.
+class MarkingForm : public Form {
+public:
+    MarkingForm() : Form("frmMarking", 0, 200, 80) {}
+
+protected:
+    void OnUnload() override
+    {
+        if (const char* mark = std::getenv("PRISMO_UNLOAD_MARK")) {
+            HANDLE file = CreateFileA(mark, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+            if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+        }
+    }
+};
+
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
@@ -78,6 +94,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
     } else if (scene == "ask") {
         AskMsg("Are you sure you want to delete the ~BCool Fade~B scheme?", 4 + 32);
     } else if (scene == "error") {
+        MarkingForm marking;
+        marking.Load();
         ErrorTrap trap("modAOLFunctions", "TextToChat");
         trap.Run([] { throw RuntimeError(Err::FileNotFound, "File not found"); });
     } else if (scene == "setcolors") {
