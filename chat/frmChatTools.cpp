@@ -28,7 +28,7 @@ constexpr long kExpandedHeight = 990;
 constexpr UINT_PTR kTimer1 = 1;
 
 // The panel's layout in pixels: two rows always shown, a third when expanded.
-constexpr int kClientWidth = 478;
+constexpr int kClientWidth = 502;
 constexpr int kRow1 = 4, kRow2 = 25, kRow3 = 48, kRowHeight = 18;
 
 const char* BoolText(bool value) { return value ? "True" : "False"; }
@@ -89,11 +89,11 @@ void frmChatTools::CreateControls()
     optItalic.Create(me, IDC_CT_ITALIC, "Italic", 80, styleTop, 36, styleHeight);
     optULine.Create(me, IDC_CT_ULINE, "U-Line", 118, styleTop, 38, styleHeight);
     chkSolid = child("BUTTON", "Use colors without fading", BS_AUTOCHECKBOX | WS_TABSTOP, IDC_CT_SOLID, 160,
-                     styleTop, 138, styleHeight);
-    cmdSave.Create(me, IDC_CT_SAVE, "Save", 300, styleTop, 42, styleHeight);
-    cmdEmail.Create(me, IDC_CT_EMAIL, "E-Mail", 344, styleTop, 42, styleHeight);
-    cmdDel.Create(me, IDC_CT_DEL, "Delete", 388, styleTop, 42, styleHeight);
-    cmdRefresh.Create(me, IDC_CT_REFRESH, "Refresh", 432, styleTop, 42, styleHeight);
+                     styleTop, 152, styleHeight);
+    cmdSave.Create(me, IDC_CT_SAVE, "Save", 316, styleTop, 44, styleHeight);
+    cmdEmail.Create(me, IDC_CT_EMAIL, "E-Mail", 362, styleTop, 44, styleHeight);
+    cmdDel.Create(me, IDC_CT_DEL, "Delete", 408, styleTop, 44, styleHeight);
+    cmdRefresh.Create(me, IDC_CT_REFRESH, "Refresh", 454, styleTop, 44, styleHeight);
 }
 
 void frmChatTools::OnLoad()

@@ -1,0 +1,208 @@
+// prismo.exe itself under Wine, with the AOL simulator as AOL: the first
+// start that asks for AOL's folder and starts AOL, the second start, and the
+// refusals of Windows NT, AOL 3.0 and a missing hook library.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "AOLSim.h"
+#include "WineRegistry.h"
+#include "resource.h"
+
+namespace {
+
+std::string Prismo() { return ProgramFolder() + "..\\..\\app\\prismo.exe"; }
+
+// A visible top-level window of process `pid` (any when 0) that has a
+// child with control id `childId`.
+HWND WindowWithChild(DWORD pid, int childId)
+{
+    struct Search {
+        DWORD pid;
+        int child;
+        HWND found;
+    } search{pid, childId, nullptr};
+    EnumWindows(
+        [](HWND w, LPARAM lp) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(lp);
+            DWORD owner = 0;
+            GetWindowThreadProcessId(w, &owner);
+            if ((s->pid && owner != s->pid) || !IsWindowVisible(w) || !GetDlgItem(w, s->child)) return TRUE;
+            s->found = w;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+// Waits for the program's message box and returns its marked-up text.
+std::string WaitForMessage(DWORD pid, HWND* box, DWORD ms = 20000)
+{
+    *box = nullptr;
+    PumpUntil([&] { return (*box = WindowWithChild(pid, IDC_MSG_AREA)) != nullptr; }, ms);
+    return *box ? WindowText(GetDlgItem(*box, IDC_MSG_AREA)) : "";
+}
+
+void Answer(HWND box)
+{
+    PostMessageA(GetDlgItem(box, IDC_MSG_CMD0), BM_CLICK, 0, 0);
+    PumpFor(300);
+}
+
+void SetAppVersion(const std::string& version)
+{
+    HKEY key;
+    RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\prismo.exe", 0, nullptr, 0, KEY_ALL_ACCESS,
+                    nullptr, &key, nullptr);
+    RegSetValueExA(key, "Version", 0, REG_SZ, reinterpret_cast<const BYTE*>(version.c_str()),
+                   static_cast<DWORD>(version.size() + 1));
+    RegCloseKey(key);
+}
+
+void KillWindowProcess(HWND window)
+{
+    DWORD pid = 0;
+    GetWindowThreadProcessId(window, &pid);
+    if (HANDLE p = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, pid)) {
+        TerminateProcess(p, 1);
+        WaitForSingleObject(p, 5000);
+        CloseHandle(p);
+    }
+}
+
+void EndEveryAOL()
+{
+    for (int i = 0; i < 5; ++i)
+        if (HWND frame = FindWindowA("AOL FRAME25", nullptr)) KillWindowProcess(frame);
+}
+
+class StartupTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        EndEveryAOL();
+        TestEnv::ResetProgramKey();
+        TestEnv::InstallShippedSchemes();
+        SetAppVersion("win98");
+    }
+    void TearDown() override
+    {
+        prismo.Kill();
+        EndEveryAOL();
+        SetAppVersion("win98");
+    }
+    TestProcess prismo;
+};
+
+TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
+{
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    const DWORD pid = prismo.Id();
+    HWND box;
+    EXPECT_NE(WaitForMessage(pid, &box).find("Welcome to Prismo!"), std::string::npos);
+    ASSERT_TRUE(box);
+    // The loading window is up behind the welcome, at the step that starts AOL.
+    std::set<std::string> steps;
+    if (HWND loading = WindowWithChild(pid, IDC_LD_BAR)) steps.insert(WindowText(GetDlgItem(loading, IDC_LD_BAR)));
+    Answer(box);
+
+    // The picker refuses a folder without aol.exe, then takes the simulator's.
+    HWND picker = nullptr;
+    PumpUntil([&] { return (picker = WindowWithChild(pid, IDC_CM_TXTPATH)) != nullptr; }, 10000);
+    ASSERT_TRUE(picker);
+    EXPECT_EQ(WindowText(picker), "Select AOL Directory");
+    EXPECT_EQ(WindowText(GetDlgItem(picker, IDC_CM_TXTPATH)), "C:\\");
+    const std::string empty = SimFolder() + "aol40\\download";
+    SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), empty.c_str());
+    PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
+    EXPECT_NE(WaitForMessage(pid, &box).find("AOL.EXE not found!"), std::string::npos);
+    ASSERT_TRUE(box);
+    Answer(box);
+    const std::string aol40 = SimFolder() + "aol40";
+    SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), aol40.c_str());
+    PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
+
+    // The loading window's steps, as they pass.
+    HWND panel = nullptr;
+    PumpUntil(
+        [&] {
+            if (HWND loading = WindowWithChild(pid, IDC_LD_BAR)) steps.insert(WindowText(GetDlgItem(loading, IDC_LD_BAR)));
+            return (panel = WindowWithChild(pid, IDC_CT_PREVIEW)) != nullptr;
+        },
+        60000);
+    ASSERT_TRUE(panel) << "the control panel never showed";
+    for (const char* step : {"Starting America Online", "AOL Version 4.0 US Determined", "Master Screen Name: Zun Tester",
+                             "Loading User Settings", "Loading Prismo"})
+        EXPECT_EQ(steps.count(step), 1u) << step;
+
+    HWND frame = FindWindowA("AOL FRAME25", nullptr);
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(WindowText(frame), "America  Online");
+    EXPECT_EQ(reinterpret_cast<HWND>(GetWindowLongPtrA(panel, GWLP_HWNDPARENT)), frame);
+    std::string menus;
+    RunCaptured("\"" + SimFolder() + "aolsimctl.exe\" menu", menus);
+    EXPECT_NE(menus.find("Prism&o"), std::string::npos) << menus;
+    DWORD type;
+    std::string stored;
+    ASSERT_TRUE(TestEnv::RawGet("", "AOL Path", type, stored));
+    EXPECT_EQ(std::string(stored.c_str()), aol40);
+
+    // A second start is refused before anything else happens.
+    TestProcess second("\"" + Prismo() + "\"");
+    EXPECT_EQ(WaitForMessage(second.Id(), &box), "Prismo is already running!");
+    ASSERT_TRUE(box);
+    Answer(box);
+    EXPECT_EQ(second.Wait(10000), 0);
+    EXPECT_TRUE(IsWindow(panel));
+}
+
+TEST_F(StartupTest, WindowsNTIsRefused)
+{
+    SetAppVersion("nt40");
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    HWND box;
+    EXPECT_NE(WaitForMessage(prismo.Id(), &box).find("Prismo is not compatible with Windows NT."), std::string::npos);
+    ASSERT_TRUE(box);
+    Answer(box);
+    EXPECT_EQ(prismo.Wait(10000), 0);
+    EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr)) << "nothing after the system check may happen";
+}
+
+TEST_F(StartupTest, AOL30IsRefusedWithItsVersion)
+{
+    SimAOL aol;
+    ASSERT_TRUE(aol.Start("30", ""));
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    HWND box;
+    const std::string message = WaitForMessage(prismo.Id(), &box, 30000);
+    EXPECT_EQ(message.rfind("~B~CRAOL Version 3.0 detected!~B~CN", 0), 0u) << message;
+    ASSERT_TRUE(box);
+    Answer(box);
+    EXPECT_EQ(prismo.Wait(10000), 0);
+    aol.Stop();
+}
+
+TEST_F(StartupTest, MissingHookLibraryIsNamed)
+{
+    // The program alone in a folder of its own.
+    char temp[MAX_PATH];
+    GetTempPathA(sizeof temp, temp);
+    const std::string folder = std::string(temp) + "prismo-alone";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    ASSERT_TRUE(CopyFileA(Prismo().c_str(), (folder + "\\prismo.exe").c_str(), FALSE));
+    ASSERT_TRUE(prismo.Start("\"" + folder + "\\prismo.exe\""));
+    HWND box;
+    const std::string message = WaitForMessage(prismo.Id(), &box);
+    EXPECT_NE(message.find("Missing runtime file!"), std::string::npos) << message;
+    EXPECT_NE(message.find("~Bprismosbc.dll~B is missing"), std::string::npos) << message;
+    ASSERT_TRUE(box);
+    Answer(box);
+    EXPECT_EQ(prismo.Wait(10000), 0);
+    DeleteFileA((folder + "\\prismo.exe").c_str());
+    RemoveDirectoryA(folder.c_str());
+    EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr));
+}
+
+}  // namespace
