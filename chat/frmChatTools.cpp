@@ -28,7 +28,7 @@ constexpr long kExpandedHeight = 990;
 constexpr UINT_PTR kTimer1 = 1;
 
 // The panel's layout in pixels: two rows always shown, a third when expanded.
-constexpr int kClientWidth = 502;
+constexpr int kClientWidth = 506;
 constexpr int kRow1 = 4, kRow2 = 25, kRow3 = 48, kRowHeight = 18;
 
 const char* BoolText(bool value) { return value ? "True" : "False"; }
@@ -93,7 +93,7 @@ void frmChatTools::CreateControls()
     cmdSave.Create(me, IDC_CT_SAVE, "Save", 316, styleTop, 44, styleHeight);
     cmdEmail.Create(me, IDC_CT_EMAIL, "E-Mail", 362, styleTop, 44, styleHeight);
     cmdDel.Create(me, IDC_CT_DEL, "Delete", 408, styleTop, 44, styleHeight);
-    cmdRefresh.Create(me, IDC_CT_REFRESH, "Refresh", 454, styleTop, 44, styleHeight);
+    cmdRefresh.Create(me, IDC_CT_REFRESH, "Refresh", 454, styleTop, 48, styleHeight);
 }
 
 void frmChatTools::OnLoad()
