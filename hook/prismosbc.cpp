@@ -131,6 +131,28 @@ BOOL Detach(HWND window)
     return TRUE;
 }
 
+// Prismo did not answer in time: every window of this thread that waits for
+// the same program stops waiting now, so AOL is held up once, not once per
+// hooked window.
+BOOL CALLBACK StopWaitingFor(HWND window, LPARAM host)
+{
+    HookedWindow* state = StateOf(window);
+    if (state && state->host == reinterpret_cast<HWND>(host)) state->passThrough = TRUE;
+    return TRUE;
+}
+
+BOOL CALLBACK StopWaitingForTree(HWND window, LPARAM host)
+{
+    StopWaitingFor(window, host);
+    EnumChildWindows(window, StopWaitingFor, host);
+    return TRUE;
+}
+
+void GiveUpOn(HWND host)
+{
+    EnumThreadWindows(GetCurrentThreadId(), StopWaitingForTree, reinterpret_cast<LPARAM>(host));
+}
+
 // Asks Prismo about one message. Returns false when the message is to be
 // swallowed, with `result` set to what the sender gets back.
 bool AskProgram(HWND window, HookedWindow* state, UINT message, WPARAM wParam, LPARAM lParam,
@@ -162,6 +184,7 @@ bool AskProgram(HWND window, HookedWindow* state, UINT message, WPARAM wParam, L
     state = StateOf(window);
     if (!sent) {
         if (state) state->passThrough = TRUE;
+        GiveUpOn(host);
         return true;
     }
     *delayed = (answer & sbc::AnswerDelayed) != 0;

@@ -165,8 +165,8 @@ TEST_F(HeldHooks, HungProgramHoldsAOLUpOnceForNoLongerThanTheTimeout)
 {
     Hold("hang");
     bool ok = false;
-    // The first key waits out the timeout; after it the input's hook passes
-    // everything. Each hooked window waits at most once.
+    // The first key waits out the timeout; after it every hook passes
+    // everything at once.
     const DWORD first = Timed("type ~", ok);
     EXPECT_TRUE(ok);
     EXPECT_GE(first, 1500u);
@@ -175,10 +175,8 @@ TEST_F(HeldHooks, HungProgramHoldsAOLUpOnceForNoLongerThanTheTimeout)
     EXPECT_LT(Timed("key enter", ok), 1500u);
     sim_.Ctl("type d");
     const DWORD firstClick = Timed("click-send", ok);
-    EXPECT_LT(firstClick, 2000u + 1500u);
-    sim_.Ctl("type e");
-    EXPECT_LT(Timed("click-send", ok), 1500u);
-    EXPECT_EQ(Transcript(), "~hung\nd\ne\n");
+    EXPECT_LT(firstClick, 1500u);
+    EXPECT_EQ(Transcript(), "~hung\nd\n");
     EXPECT_EQ(sim_.Ctl("ping"), "pong\n");
     std::printf("with the program hung: first key %lu ms, first click %lu ms\n",
                 static_cast<unsigned long>(first), static_cast<unsigned long>(firstClick));
