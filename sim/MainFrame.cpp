@@ -163,6 +163,8 @@ LRESULT CALLBACK FrameProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_SIM_PINGED:
             return Sim().lastPing;
+        case WM_SIM_READY:
+            return Sim().ready ? 1 : 0;
         case WM_DESTROY:
             LogEvent("quit");
             PostQuitMessage(0);

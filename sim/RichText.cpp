@@ -184,18 +184,20 @@ CharStyle StyleAt(HWND rich, LONG index) {
     return style;
 }
 
-// Tags that take the text from style `from` to style `to`.
+// Tags that take the text from style `from` to style `to`: styles that end
+// close first, then the colour, then the styles that begin.
 std::string StyleChange(const CharStyle& from, const CharStyle& to) {
+    const bool was[] = {from.bold, from.italic, from.underline, from.baseline > 0, from.baseline < 0};
+    const bool is[] = {to.bold, to.italic, to.underline, to.baseline > 0, to.baseline < 0};
+    const char* const names[] = {"B", "I", "U", "SUP", "SUB"};
     std::string tags;
-    auto toggle = [&](bool was, bool is, const char* name) {
-        if (was != is) tags += std::string(is ? "<" : "</") + name + ">";
-    };
+    for (int i = 4; i >= 0; --i) {
+        if (was[i] && !is[i]) tags += std::string("</") + names[i] + ">";
+    }
     if (from.color != to.color) tags += ColorTag(to.color);
-    toggle(from.bold, to.bold, "B");
-    toggle(from.italic, to.italic, "I");
-    toggle(from.underline, to.underline, "U");
-    toggle(from.baseline > 0, to.baseline > 0, "SUP");
-    toggle(from.baseline < 0, to.baseline < 0, "SUB");
+    for (int i = 0; i < 5; ++i) {
+        if (!was[i] && is[i]) tags += std::string("<") + names[i] + ">";
+    }
     return tags;
 }
 

@@ -18,6 +18,7 @@ constexpr UINT WM_SIM_OPEN_ATTACHMENTS = WM_APP + 2;
 constexpr UINT WM_SIM_OPEN_FILE_DIALOG = WM_APP + 3;
 constexpr UINT WM_SIM_PING = WM_APP + 50;         // posted by aolsimctl after its input
 constexpr UINT WM_SIM_PINGED = WM_APP + 51;       // sent: returns the last ping seen
+constexpr UINT WM_SIM_READY = WM_APP + 52;        // sent: 1 once the start-up windows are open
 
 constexpr ULONG_PTR kCtlMagic = 0x53494D43;       // WM_COPYDATA from aolsimctl
 constexpr ULONG_PTR kKeywordMagic = 0x534B4559;   // WM_COPYDATA from "waol.exe -s..."
@@ -52,6 +53,7 @@ struct SimState {
     std::string currentName;
     std::vector<std::string> keywords;
     long lastPing = 0;
+    bool ready = false;
     std::ofstream log;
     std::map<HWND, std::unique_ptr<SimChild>> children;
 };

@@ -114,6 +114,15 @@ bool Windows(const Args&, std::string& reply) {
     return true;
 }
 
+// The top document window's own children in Z-order: class, TAB, caption.
+bool Children(const Args&, std::string& reply) {
+    std::vector<SimChild*> children = ChildrenInOrder();
+    if (children.empty()) return Fail(reply, "no window is open");
+    for (HWND w = GetWindow(children.front()->hwnd, GW_CHILD); w; w = GetWindow(w, GW_HWNDNEXT))
+        reply += ClassOf(w) + "\t" + WindowText(w) + "\n";
+    return true;
+}
+
 const std::map<std::string, Handler>& Commands() {
     static const std::map<std::string, Handler> commands{
         {"ping", [](const Args&, std::string& r) { r = "pong\n"; return true; }},
@@ -156,6 +165,7 @@ const std::map<std::string, Handler>& Commands() {
         {"menu", [](const Args&, std::string& r) { r = Join(DescribeMenuBar()); return true; }},
         {"caption", [](const Args&, std::string& r) { r = WindowText(Sim().frame) + "\n"; return true; }},
         {"windows", Windows},
+        {"children", Children},
     };
     return commands;
 }

@@ -17,6 +17,19 @@ WNDPROC g_staticProc = nullptr;
 // What a caption-less picture button shows in place of its picture.
 std::map<HWND, std::string> g_iconFaces;
 
+// Backspace typed as a character, as an edit control takes it: the
+// highlight, or else the character before the caret, goes.
+void Backspace(HWND rich) {
+    CHARRANGE range{};
+    SendMessageA(rich, EM_EXGETSEL, 0, (LPARAM)&range);
+    if (range.cpMin == range.cpMax) {
+        if (range.cpMin == 0) return;
+        range.cpMin -= 1;
+        SendMessageA(rich, EM_EXSETSEL, 0, (LPARAM)&range);
+    }
+    SendMessageA(rich, EM_REPLACESEL, TRUE, (LPARAM)"");
+}
+
 LRESULT CALLBACK RichCntlProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     try {
         switch (msg) {
@@ -25,6 +38,10 @@ LRESULT CALLBACK RichCntlProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
             // posts the line, a mail body takes it as a new paragraph.
             if (wParam == 13 && SendMessageA(GetParent(hwnd), WM_SIM_RICH_ENTER, 0, (LPARAM)hwnd)) return 0;
             if (wParam == 10 && !(GetWindowLongA(hwnd, GWL_STYLE) & ES_MULTILINE)) return 0;
+            if (wParam == 8) {
+                Backspace(hwnd);
+                return 0;
+            }
             break;
         case WM_COMMAND:
             if (lParam == 0 && RichEditorCommand(hwnd, LOWORD(wParam))) return 0;

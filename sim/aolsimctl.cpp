@@ -16,6 +16,7 @@ namespace {
 
 constexpr UINT WM_SIM_PING = WM_APP + 50;
 constexpr UINT WM_SIM_PINGED = WM_APP + 51;
+constexpr UINT WM_SIM_READY = WM_APP + 52;
 constexpr ULONG_PTR kCtlMagic = 0x53494D43;
 constexpr DWORD kTimeoutMs = 30000;
 
@@ -122,8 +123,8 @@ void Kill(HWND frame) {
 void WaitForSimulator(int seconds) {
     for (int i = 0; i < seconds * 20; ++i) {
         HWND frame = FindWindowA("AOL FRAME25", nullptr);
-        DWORD_PTR seen = 0;
-        if (frame && SendMessageTimeoutA(frame, WM_SIM_PINGED, 0, 0, SMTO_ABORTIFHUNG, 1000, &seen)) return;
+        DWORD_PTR ready = 0;
+        if (frame && SendMessageTimeoutA(frame, WM_SIM_READY, 0, 0, SMTO_ABORTIFHUNG, 1000, &ready) && ready) return;
         Sleep(50);
     }
     Die("AOL did not start");

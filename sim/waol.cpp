@@ -67,6 +67,7 @@ int Run(int show) {
     OpenStartWindows();
     if (Sim().config.hasKeyword) PerformKeyword(Sim().config.keyword);
     UpdateWindow(frame);
+    Sim().ready = true;
 
     MSG msg;
     while (GetMessageA(&msg, nullptr, 0, 0) > 0) {

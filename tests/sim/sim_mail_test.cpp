@@ -1,0 +1,155 @@
+// Mail windows as the e-mail fader and the scheme mailer drive them: the
+// marks of a mail window, the editor's commands through the real clipboard
+// with the "AOLMAIL" format, and the attachment dialogs.
+#include "SimHarness.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A window of the test's own that owns the clipboard while it writes.
+class ClipboardOwner {
+public:
+    ClipboardOwner() { hwnd_ = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr); }
+    ~ClipboardOwner() { DestroyWindow(hwnd_); }
+    ClipboardOwner(const ClipboardOwner&) = delete;
+    ClipboardOwner& operator=(const ClipboardOwner&) = delete;
+
+    void Put(UINT format, const std::string& text) {
+        HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, text.size() + 1);
+        memcpy(GlobalLock(block), text.data(), text.size());
+        GlobalUnlock(block);
+        ASSERT_TRUE(OpenClipboard(hwnd_));
+        EmptyClipboard();
+        SetClipboardData(format, block);
+        CloseClipboard();
+    }
+    std::string Get(UINT format) {
+        std::string text;
+        if (!OpenClipboard(hwnd_)) return "<clipboard busy>";
+        if (HANDLE data = GetClipboardData(format)) {
+            text = static_cast<const char*>(GlobalLock(data));
+            GlobalUnlock(data);
+        }
+        CloseClipboard();
+        return text;
+    }
+
+private:
+    HWND hwnd_ = nullptr;
+};
+
+HWND OpenMail(const RunningSim& sim, const char* caption) {
+    EXPECT_EQ(Ctl({"open-mail"}).status, 0);
+    return ChildByCaption(sim.mdi(), caption);
+}
+
+TEST(SimMail, WindowCarriesTheMarksPrismoLooksFor) {
+    RunningSim sim(4, {"--window", "Re: your fade", "--window", "Fwd: schemes", "--window",
+                       "Global Message Board Preferences"});
+    HWND mail = OpenMail(sim, "Write Mail");
+    ASSERT_NE(mail, nullptr);
+    EXPECT_NE(FindWindowExA(mail, nullptr, "_AOL_Checkbox", nullptr), nullptr);
+    EXPECT_NE(FindWindowExA(mail, nullptr, "_AOL_FontCombo", nullptr), nullptr);
+    HWND later = nullptr;
+    for (HWND w = GetWindow(mail, GW_CHILD); w; w = GetWindow(w, GW_HWNDNEXT)) {
+        char text[100] = "";
+        GetWindowTextA(w, text, sizeof text);
+        if (std::string(text).rfind("Send Later", 0) == 0) later = w;
+    }
+    EXPECT_NE(later, nullptr);
+    EXPECT_EQ(FindChatRoom(sim.mdi()), nullptr) << "a mail window is no chat room";
+
+    HWND subject = NthChildOfClass(mail, "_AOL_EDIT", 3);
+    ASSERT_NE(subject, nullptr);
+    SendMessageA(subject, WM_SETTEXT, 0, (LPARAM) "Cool Fade");
+    EXPECT_EQ(CtlLines({"mail-subject"}), std::vector<std::string>{"Cool Fade"});
+
+    for (const char* caption : {"Re: your fade", "Fwd: schemes"})
+        EXPECT_NE(FindWindowExA(ChildByCaption(sim.mdi(), caption), nullptr, "_AOL_EDIT", nullptr), nullptr) << caption;
+    EXPECT_NE(FindWindowExA(ChildByCaption(sim.mdi(), "Global Message Board Preferences"), nullptr, "RICHCNTL", nullptr),
+              nullptr);
+}
+
+TEST(SimMail, EditorCommandsGoThroughTheClipboard) {
+    RunningSim sim(4, {"--mail"});
+    HWND mail = ChildByCaption(sim.mdi(), "Write Mail");
+    ASSERT_NE(mail, nullptr);
+    HWND body = FindWindowExA(mail, nullptr, "RICHCNTL", nullptr);
+    const UINT aolMail = RegisterClipboardFormatA("AOLMAIL");
+    ClipboardOwner clipboard;
+
+    SendMessageA(body, WM_SETTEXT, 0, (LPARAM) "Hello world, again");
+    ASSERT_EQ(Ctl({"mail-select", "6", "5"}).status, 0);
+    clipboard.Put(CF_TEXT, "stale");
+    SendMessageA(body, WM_COMMAND, 20002, 0);
+    EXPECT_EQ(clipboard.Get(CF_TEXT), "world");
+
+    clipboard.Put(aolMail, "<FONT COLOR=\"#FF0000\">r<FONT COLOR=\"#0000FF\"><B>b</B><sup>u</sup>");
+    SendMessageA(body, WM_COMMAND, 20003, 0);
+    EXPECT_EQ(MessageText(body), "Hello rbu, again") << "the tags are interpreted, not pasted";
+    EXPECT_EQ(CtlLines({"mail-body"}),
+              std::vector<std::string>{"Hello <FONT COLOR=\"#FF0000\">r<FONT COLOR=\"#0000FF\"><B>b</B><SUP>u</SUP>"
+                                       "<FONT COLOR=\"#000000\">, again"});
+
+    SendMessageA(body, WM_COMMAND, 20000, 0);
+    EXPECT_EQ(MessageText(body), "Hello world, again");
+    EXPECT_EQ(CtlLines({"mail-body"}), std::vector<std::string>{"Hello world, again"});
+
+    // Only plain text on the clipboard: pasted as it stands.
+    ASSERT_EQ(Ctl({"mail-select", "0", "5"}).status, 0);
+    clipboard.Put(CF_TEXT, "<B>Hi</B>");
+    SendMessageA(body, WM_COMMAND, 20003, 0);
+    EXPECT_EQ(MessageText(body), "<B>Hi</B> world, again");
+}
+
+// Clicks through Attachments > Attach > file dialog > Open > OK as the
+// scheme mailer does, for one file.
+void AttachThroughDialogs(HWND mail, int attachIndex, const char* dialogCaption, const std::string& file) {
+    HWND attachIcon = NthChildOfClass(mail, "_AOL_ICON", attachIndex);
+    ASSERT_NE(attachIcon, nullptr);
+    EXPECT_TRUE(IsWindowVisible(attachIcon));
+    EXPECT_EQ(NthChildOfClass(mail, "_AOL_ICON", attachIndex + 3), nullptr) << "the attach icon moved";
+    Click(attachIcon);
+    HWND modal = WaitTopLevel("_AOL_MODAL", "Attachments");
+    ASSERT_NE(modal, nullptr);
+    Click(NthChildOfClass(modal, "_AOL_ICON", 1));
+    HWND dialog = WaitTopLevel("#32770", dialogCaption);
+    ASSERT_NE(dialog, nullptr) << dialogCaption;
+    HWND edit = FindWindowExA(dialog, nullptr, "Edit", nullptr);
+    ASSERT_NE(edit, nullptr);
+    SendMessageA(edit, WM_SETTEXT, 0, (LPARAM)file.c_str());
+    HWND open = FindWindowExA(dialog, nullptr, nullptr, "&Open");
+    ASSERT_NE(open, nullptr);
+    Click(open);
+    for (int i = 0; i < 100 && IsWindow(dialog); ++i) Pump(50);
+    EXPECT_FALSE(IsWindow(dialog));
+    Click(NthChildOfClass(modal, "_AOL_ICON", 3));
+    for (int i = 0; i < 100 && IsWindow(modal); ++i) Pump(50);
+    EXPECT_FALSE(IsWindow(modal));
+}
+
+TEST(SimMail, AttachmentDialogsPerVersionAndEdition) {
+    struct Case {
+        int version;
+        const char* edition;
+        int attachIndex;
+        const char* dialog;
+    };
+    for (const Case& c : {Case{4, "us", 13, "Attach"}, Case{5, "uk", 14, "Open"}}) {
+        SCOPED_TRACE(c.version);
+        const std::string log = TempPath("attach.log");
+        const std::string file = TempPath("Cool Fade.fde");
+        WriteFileText(file, "Fade Number=2\r\nOne=255\r\n");
+        RunningSim sim(c.version, {"--edition", c.edition, "--mail", "--log", log});
+        HWND mail = ChildByCaption(sim.mdi(), "Write Mail");
+        ASSERT_NE(mail, nullptr);
+        AttachThroughDialogs(mail, c.attachIndex, c.dialog, file);
+        EXPECT_EQ(CtlLines({"mail-attachments"}),
+                  std::vector<std::string>{file + "\tFade Number=2\\r\\nOne=255\\r\\n"});
+        EXPECT_NE(ReadFileText(log).find("attach\t" + file + "\tFade Number=2\\r\\n"), std::string::npos);
+        EXPECT_TRUE(IsWindowEnabled(sim.frame())) << "AOL stays usable after the dialog";
+    }
+}
+
+}  // namespace
