@@ -3,43 +3,13 @@
 #include "frmChatTools.h"
 
 #include "ErrorTrap.h"
-#include "GdiObjects.h"
 #include "PreviewRanges.h"
+#include "WindowSurface.h"
 #include "modRegKeys.h"
 
 namespace {
 
 constexpr char kStripClass[] = "PrismoPreviewStrip";
-
-// The strip's device context as a DrawSurface: one unit is one pixel.
-class StripSurface : public DrawSurface {
-public:
-    explicit StripSurface(HWND strip) : strip_(strip), dc_(GetDC(strip)) { GetClientRect(strip, &client_); }
-    ~StripSurface() override { ReleaseDC(strip_, dc_); }
-    StripSurface(const StripSurface&) = delete;
-    StripSurface& operator=(const StripSurface&) = delete;
-
-    double ScaleWidth() const override { return client_.right; }
-    double ScaleHeight() const override { return client_.bottom; }
-    void Line(double x1, double y1, double x2, double y2, ColorValue color) override
-    {
-        GdiPen pen(CreatePen(PS_SOLID, 1, static_cast<COLORREF>(color) & 0x00FFFFFF));
-        HGDIOBJ old = SelectObject(dc_, pen.get());
-        MoveToEx(dc_, static_cast<int>(x1), static_cast<int>(y1), nullptr);
-        LineTo(dc_, static_cast<int>(x2), static_cast<int>(y2));
-        SelectObject(dc_, old);
-    }
-    void Fill(ColorValue color)
-    {
-        GdiBrush brush(CreateSolidBrush(static_cast<COLORREF>(color) & 0x00FFFFFF));
-        FillRect(dc_, &client_, brush.get());
-    }
-
-private:
-    HWND strip_;
-    HDC dc_;
-    RECT client_{};
-};
 
 frmChatTools* PanelOf(HWND strip)
 {
@@ -104,7 +74,7 @@ void frmChatTools::picPreview_Paint()
     if (n < 1 || n > 6) return;
     ColorValue colours[6];
     for (int k = 0; k < n; ++k) colours[k] = cmdColor[k].BackColor;
-    StripSurface surface(picPreview.hwnd());
+    WindowSurface surface(picPreview.hwnd());
     if (n == 1) {
         surface.Fill(colours[0]);  // one colour: the strip's background
         return;

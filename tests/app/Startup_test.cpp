@@ -205,4 +205,33 @@ TEST_F(StartupTest, MissingHookLibraryIsNamed)
     EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr));
 }
 
+TEST_F(StartupTest, ChangeAOLOnlyChoosesTheFolderEvenBesideARunningCopy)
+{
+    // Another copy holds the single-instance claim: it waits at its welcome.
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    HWND welcome;
+    ASSERT_NE(WaitForMessage(prismo.Id(), &welcome).find("Welcome to Prismo!"), std::string::npos);
+
+    TestProcess change("\"" + Prismo() + "\" CHANGEAOL");
+    HWND picker = nullptr;
+    PumpUntil([&] { return (picker = WindowWithChild(change.Id(), IDC_CM_TXTPATH)) != nullptr; }, 15000);
+    ASSERT_TRUE(picker) << "no folder picker";
+    EXPECT_FALSE(WindowWithChild(change.Id(), IDC_LD_BAR)) << "no loading window for CHANGEAOL";
+    const std::string aol50 = SimFolder() + "aol50";
+    SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), aol50.c_str());
+    PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
+    HWND box;
+    const std::string told = WaitForMessage(change.Id(), &box);
+    EXPECT_NE(told.find("it will start the AOL program located in the ~B~CB"), std::string::npos) << told;
+    EXPECT_NE(told.find("AOLSIM\\AOL50~B~CN directory."), std::string::npos) << told;
+    ASSERT_TRUE(box);
+    Answer(box);
+    EXPECT_EQ(change.Wait(10000), 0);
+    DWORD type;
+    std::string stored;
+    ASSERT_TRUE(TestEnv::RawGet("", "AOL Path", type, stored));
+    EXPECT_EQ(std::string(stored.c_str()), aol50);
+    EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr));
+}
+
 }  // namespace

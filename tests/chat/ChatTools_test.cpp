@@ -8,6 +8,7 @@
 
 #include "OptionsLoad.h"
 #include "ProgramInfo.h"
+#include "WindowSurface.h"
 #include "WineRegistry.h"
 #include "modWin32API.h"
 #include "resource.h"
@@ -379,6 +380,27 @@ TEST_F(PreviewTest, NothingIsPaintedWhileLoading)
     UpdateWindow(strip);
     panel().Loading = false;
     for (int x : {0, width / 2, width - 1}) EXPECT_EQ(Pixel(strip, x), RGB(1, 2, 3)) << x;
+}
+
+// The about box's gradient on a real window: top row the first colour, the
+// bottom row nearly the second.
+TEST_F(PreviewTest, GradientOnAWindowRunsTopToBottom)
+{
+    const HWND strip = panel().picPreview.hwnd();
+    RECT r;
+    GetClientRect(strip, &r);
+    {
+        WindowSurface surface(strip);
+        Gradient(surface, 0x0000FF, 0xFF0000);
+    }
+    HDC dc = GetDC(strip);
+    const COLORREF top = GetPixel(dc, 5, 0), bottom = GetPixel(dc, 5, r.bottom - 1), middle = GetPixel(dc, 5, r.bottom / 2);
+    ReleaseDC(strip, dc);
+    EXPECT_EQ(top, RGB(255, 0, 0));
+    EXPECT_GT(GetBValue(bottom), 200);
+    EXPECT_LT(GetRValue(bottom), 55);
+    EXPECT_GT(GetRValue(middle), 90);
+    EXPECT_GT(GetBValue(middle), 90);
 }
 
 }  // namespace
