@@ -9,6 +9,8 @@
 
 #include "AOLSim.h"
 #include "SubClass.h"
+#include "modAOLFunctions.h"
+#include "modFindChild.h"
 
 namespace {
 
@@ -58,16 +60,46 @@ TEST_F(SimHook, TypedKeysReachTheProgramFirstAndCanBeSwallowed)
 
 TEST_F(SimHook, AHandlerThatRewritesTheLineSendsTheNewLine)
 {
+    // As the send hook does it: TextToChat focuses the input and puts the
+    // new line in while AOL waits for the handler.
+    AOLWindow = sim_.Frame();
+    AOLMDIClient = FindWindowExA(AOLWindow, nullptr, "MDIClient", nullptr);
     SubClass chatEdit;
     chatEdit.WndMessageX = [&](HWND window, UINT, WPARAM wParam, LPARAM, LRESULT&, bool&) {
-        if (wParam != 13) return;
-        const std::string faded = "<B>" + WindowText(window) + "</B>";
-        SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(faded.c_str()));
+        if (wParam == 13) TextToChat("<B>" + WindowText(window) + "</B>", 0);
     };
     ASSERT_TRUE(chatEdit.Attach(input_, {WM_CHAR}));
     sim_.Ctl("type hello");
     sim_.Ctl("key enter");
     EXPECT_EQ(Transcript(), "<B>hello</B>\n");
+}
+
+TEST_F(SimHook, ASwallowedEnterCanBeSentAgainThroughTheHookItself)
+{
+    AOLWindow = sim_.Frame();
+    AOLMDIClient = FindWindowExA(AOLWindow, nullptr, "MDIClient", nullptr);
+    SubClass chatEdit;
+    bool sendingEnter = false;
+    int enters = 0;
+    chatEdit.WndMessageX = [&](HWND window, UINT, WPARAM wParam, LPARAM, LRESULT& result,
+                               bool& noDefault) {
+        if (wParam != 13 || sendingEnter) return;
+        ++enters;
+        noDefault = true;
+        result = 0;
+        const std::string line = WindowText(window);
+        ShowWindow(window, SW_HIDE);
+        TextToChat("<I>" + line + "</I>", 0);
+        // The Enter comes back into this handler while AOL still waits for it.
+        sendingEnter = true;
+        SendMessageA(window, WM_CHAR, 13, 0);
+        sendingEnter = false;
+    };
+    ASSERT_TRUE(chatEdit.Attach(input_, {WM_CHAR}));
+    sim_.Ctl("type again");
+    sim_.Ctl("key enter");
+    EXPECT_EQ(Transcript(), "<I>again</I>\n");
+    EXPECT_EQ(enters, 1);
 }
 
 TEST_F(SimHook, DelayedEventsRunAfterAOLHasHandledTheMessage)
