@@ -103,3 +103,42 @@ TEST(frmSetColors, PickingTheWindowColourStoresItAndRepaintsTheSample)
     WaitUntil([&] { return !form.Loaded(); });
     Options.UIMode = 0;
 }
+
+TEST(OpenDialog, ReturnsTheFileOrItsFolderAndNothingWhenCancelled)
+{
+    char temp[MAX_PATH] = "";
+    GetTempPathA(sizeof temp, temp);
+    const std::string folder = std::string(temp);  // ends in a backslash
+    const std::string file = folder + "Cool Fade.fde";
+    HANDLE h = CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    ASSERT_NE(h, INVALID_HANDLE_VALUE);
+    CloseHandle(h);
+
+    // Types the full path into the file name box and opens it.
+    auto answer = [&](bool open) {
+        return [=] {
+            HWND dlg = FindShown("Open");
+            if (!dlg) return false;
+            if (open) {
+                for (int id : {0x47c, 0x480}) SetDlgItemTextA(dlg, id, file.c_str());
+                Click(GetDlgItem(dlg, IDOK));
+            } else {
+                Click(GetDlgItem(dlg, IDCANCEL));
+            }
+            return true;
+        };
+    };
+    {
+        TimerSteps steps(50, answer(true));
+        EXPECT_EQ(OpenDialog("Fade Schemes", "*.fde", 1), file);
+    }
+    {
+        TimerSteps steps(50, answer(true));
+        EXPECT_EQ(OpenDialog("Fade Schemes", "*.fde", 2), folder);
+    }
+    {
+        TimerSteps steps(50, answer(false));
+        EXPECT_EQ(OpenDialog("Fade Schemes", "*.fde", 1), "");
+    }
+    DeleteFileA(file.c_str());
+}
