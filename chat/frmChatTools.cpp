@@ -102,9 +102,10 @@ void frmChatTools::OnLoad()
         CreateControls();
         SetFormColor(*this);
         for (FlatButton* b : {&optFade[0], &optFade[1], &optFade[2], &optFade[3], &optFade[4], &optFade[5],
-                              &optWavy, &optBold, &optItalic, &optULine, &optOn, &optOff})
+                              &optWavy, &optBold, &optItalic, &optULine, &optOn, &optOff, &cmdSave, &cmdEmail,
+                              &cmdDel, &cmdRefresh})
             SetOptColor(false, *b);
-        for (ZunButton* b : {&cmdSave, &cmdEmail, &cmdDel, &cmdRefresh, &cmdMin, &cmdExit}) SetButtonColor(*b);
+        for (ZunButton* b : {&cmdMin, &cmdExit}) SetButtonColor(*b);
         for (ZunButton& b : cmdColor) {
             SetButtonColor(b);
             b.FillerBackground = BackColor();

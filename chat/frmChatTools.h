@@ -49,7 +49,7 @@ public:
     FlatButton optOn, optOff;
     HWND chkSolid = nullptr;
     PreviewStrip picPreview;
-    ZunButton cmdSave, cmdEmail, cmdDel, cmdRefresh;
+    FlatButton cmdSave, cmdEmail, cmdDel, cmdRefresh;
     ZunButton cmdMin, cmdExit;
     HWND Line1 = nullptr;
     std::string cmdMinToolTip;           // "Show Options" or "Close Options"
@@ -127,7 +127,7 @@ private:
 // The program's one control panel.
 frmChatTools& ChatTools();
 
-// Shared flags of the chat fader.
+// Shared flags of the chat fader (defined with the panel, in frmChatTools.cpp).
 extern bool PanelShownForChat;  // the watcher showed the panel for the open room
 extern bool AOLClosing;         // AOL's exit command was seen; the program is ending
 extern HWND EMailWindow;        // the mail being written that the e-mail fader works on

@@ -7,6 +7,8 @@
 #include <algorithm>
 
 #include "OptionsLoad.h"
+#include "modAOLFunctions.h"
+#include "modFindChild.h"
 #include "ProgramInfo.h"
 #include "WindowSurface.h"
 #include "WineRegistry.h"
@@ -401,6 +403,83 @@ TEST_F(PreviewTest, GradientOnAWindowRunsTopToBottom)
     EXPECT_LT(GetRValue(bottom), 55);
     EXPECT_GT(GetRValue(middle), 90);
     EXPECT_GT(GetBValue(middle), 90);
+}
+
+// The AOL simulator beside the test, ended with it. (The AOL tests' helper
+// cannot be used here: its folder function clashes with the program's own.)
+class SimBeside {
+public:
+    explicit SimBeside(const std::string& options)
+    {
+        char path[MAX_PATH];
+        const DWORD n = GetModuleFileNameA(nullptr, path, sizeof path);
+        std::string folder(path, n);
+        folder = folder.substr(0, folder.find_last_of('\\') + 1);
+        std::string line = "\"" + folder + "..\\..\\aolsim\\aol40\\waol.exe\" " + options;
+        STARTUPINFOA si{};
+        si.cb = sizeof si;
+        if (!CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &info_)) return;
+        for (int i = 0; i < 150 && !frame; ++i) {
+            Pause(100);
+            HWND w = FindWindowA("AOL FRAME25", nullptr);
+            DWORD pid = 0;
+            GetWindowThreadProcessId(w, &pid);
+            if (w && pid == info_.dwProcessId) frame = w;
+        }
+        Pause(1000);  // its windows open one after the other
+    }
+    ~SimBeside()
+    {
+        if (!info_.hProcess) return;
+        TerminateProcess(info_.hProcess, 1);
+        WaitForSingleObject(info_.hProcess, 5000);
+        CloseHandle(info_.hProcess);
+        CloseHandle(info_.hThread);
+    }
+    SimBeside(const SimBeside&) = delete;
+    SimBeside& operator=(const SimBeside&) = delete;
+    HWND frame = nullptr;
+
+private:
+    PROCESS_INFORMATION info_{};
+};
+
+// After a change on the panel the keyboard is back in the chat room's input
+// box, which lives in AOL's process.
+TEST_F(ChatToolsTest, EveryChangeHandsTheKeyboardBackToTheChatRoom)
+{
+    SimBeside aol("--signed-on \"Zun Tester\" --room \"Lobby 7\"");
+    ASSERT_TRUE(aol.frame);
+    AOLWindow = aol.frame;
+    HWND room = nullptr;
+    for (int i = 0; i < 50 && !room; ++i, Pause(100))
+        room = FindChildByTitle(FindChildByClass(AOLWindow, "MDIClient"), "Lobby 7");
+    ChatRoomWindow = room;
+    ASSERT_TRUE(ChatRoomWindow);
+    HWND input = FindChildByClass(ChatRoomWindow, "RICHCNTL", 2);
+    ASSERT_TRUE(input);
+    const DWORD aolThread = GetWindowThreadProcessId(input, nullptr);
+    auto focusInAOL = [&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(aolThread, &info);
+        return info.hwndFocus;
+    };
+    HWND transcript = FindChildByClass(ChatRoomWindow, "RICHCNTL", 1);
+    for (HWND control : {panel().optItalic.hwnd(), panel().optFade[3].hwnd(), panel().optOn.hwnd()}) {
+        // The keyboard starts elsewhere in AOL: in the room's transcript.
+        AttachThreadInput(GetCurrentThreadId(), aolThread, TRUE);
+        SetFocus(transcript);
+        AttachThreadInput(GetCurrentThreadId(), aolThread, FALSE);
+        ASSERT_EQ(focusInAOL(), transcript);
+        SetForegroundWindow(panel().hwnd());
+        SetFocus(control);
+        ClickAndSettle(control);
+        for (int i = 0; i < 20 && focusInAOL() != input; ++i) Pause(100);
+        EXPECT_EQ(focusInAOL(), input) << TextOf(control);
+    }
+    AOLWindow = nullptr;
+    ChatRoomWindow = nullptr;
 }
 
 }  // namespace
