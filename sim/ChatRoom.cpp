@@ -39,6 +39,14 @@ public:
 
         SendMessageA(input, EM_EXLIMITTEXT, 0, 64000);
         SendMessageA(transcript, EM_SETBKGNDCOLOR, 0, RGB(255, 255, 255));
+        // AOL's chat text is 10-point Arial; raised and lowered letters stay legible.
+        CHARFORMAT2A font{};
+        font.cbSize = sizeof font;
+        font.dwMask = CFM_FACE | CFM_SIZE;
+        font.yHeight = 200;
+        lstrcpynA(font.szFaceName, "Arial", LF_FACESIZE);
+        SendMessageA(transcript, EM_SETCHARFORMAT, SCF_ALL, (LPARAM)&font);
+        SendMessageA(input, EM_SETCHARFORMAT, SCF_ALL, (LPARAM)&font);
         const std::string me = Sim().signedOn ? Sim().currentName : Sim().config.screenNames.front();
         for (const std::string& person : {me, std::string("OnlineHost"), std::string("Zun Fan")})
             SendMessageA(people, LB_ADDSTRING, 0, (LPARAM)person.c_str());

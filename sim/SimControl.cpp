@@ -102,6 +102,36 @@ bool MailText(const Args& args, std::string& reply) {
     return true;
 }
 
+// Puts TEXT on the clipboard as "AOLMAIL" and pastes it into the body, the
+// way Prismo hands a faded text to the mail editor.
+bool MailPaste(const Args& args, std::string& reply) {
+    if (!NeedArgs(args, 1, reply)) return false;
+    SimChild* mail = MailOrFail(reply);
+    if (!mail) return false;
+    HWND body = MailBody(mail);
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, args[1].size() + 1);
+    if (!block) return Fail(reply, "out of memory");
+    memcpy(GlobalLock(block), args[1].data(), args[1].size());
+    GlobalUnlock(block);
+    if (!OpenClipboard(Sim().frame)) {
+        GlobalFree(block);
+        return Fail(reply, "the clipboard is busy");
+    }
+    EmptyClipboard();
+    if (!SetClipboardData(RegisterClipboardFormatA("AOLMAIL"), block)) GlobalFree(block);
+    CloseClipboard();
+    SendMessageA(body, WM_COMMAND, 20003, 0);
+    return true;
+}
+
+bool MailSubjectCommand(const Args& args, std::string& reply) {
+    SimChild* mail = MailOrFail(reply);
+    if (!mail) return false;
+    if (args.size() > 1) SendMessageA(MailSubject(mail), WM_SETTEXT, 0, (LPARAM)args[1].c_str());
+    reply = WindowText(MailSubject(mail)) + "\n";
+    return true;
+}
+
 bool CloseRoom(const Args&, std::string& reply) {
     SimChild* room = RoomOrFail(reply);
     if (!room) return false;
@@ -140,12 +170,8 @@ const std::map<std::string, Handler>& Commands() {
              if (mail) r = ReadRichAsAolHtml(MailBody(mail)) + "\n";
              return mail != nullptr;
          }},
-        {"mail-subject",
-         [](const Args&, std::string& r) {
-             SimChild* mail = MailOrFail(r);
-             if (mail) r = WindowText(MailSubject(mail)) + "\n";
-             return mail != nullptr;
-         }},
+        {"mail-subject", MailSubjectCommand},
+        {"mail-paste", MailPaste},
         {"mail-attachments",
          [](const Args&, std::string& r) {
              SimChild* mail = MailOrFail(r);
