@@ -102,6 +102,10 @@ inline constexpr SettingName ButtonHighlight{Section::UserColors, ValueName::But
 inline constexpr SettingName ButtonText{Section::UserColors, ValueName::ButtonText};
 }  // namespace Setting
 
+// How a boolean setting is stored; readers compare exactly, case and all.
+inline constexpr char kTrueText[] = "True";
+inline constexpr char kFalseText[] = "False";
+
 // The scheme chosen when none is recorded; the installation always ships it.
 inline constexpr char kDefaultSchemeName[] = "Cool Fade";
 

@@ -11,23 +11,20 @@
 
 namespace {
 
-constexpr char kTrue[] = "True";
-constexpr char kFalse[] = "False";
-
 // A boolean that is on unless stored "False"; an unknown text changes nothing.
 void LoadOnByDefault(const SettingName& setting, bool& field)
 {
     const std::string text = ReadSetting(setting);
-    if (text == kTrue || text.empty()) field = true;
-    else if (text == kFalse) field = false;
+    if (text == kTrueText || text.empty()) field = true;
+    else if (text == kFalseText) field = false;
 }
 
 // A boolean that is off unless stored "True"; an unknown text changes nothing.
 void LoadOffByDefault(const SettingName& setting, bool& field)
 {
     const std::string text = ReadSetting(setting);
-    if (text == kTrue) field = true;
-    else if (text == kFalse || text.empty()) field = false;
+    if (text == kTrueText) field = true;
+    else if (text == kFalseText || text.empty()) field = false;
 }
 
 [[noreturn]] void TypeMismatch() { throw RuntimeError(Err::TypeMismatch, "Type mismatch"); }

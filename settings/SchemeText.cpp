@@ -29,7 +29,7 @@ std::string ColorText(const std::string& stored)
 std::string StyleText(const std::string& stored)
 {
     auto value = ToBool(stored);
-    return value && *value ? "True" : "False";
+    return value && *value ? kTrueText : kFalseText;
 }
 
 std::string Line(const char* key, const std::string& value) { return std::string(key) + "=" + value + "\r\n"; }
