@@ -5,6 +5,7 @@
 #include "ChatHooks.h"
 #include "ChatText.h"
 #include "ErrorTrap.h"
+#include "Form.h"
 #include "frmChatTools.h"
 #include "modAOLFunctions.h"
 #include "modFindChild.h"
@@ -89,7 +90,10 @@ void frmChatTools::Advertise()
     }
     for (const std::string& line : lines) {
         trap.Run([&] { TextToChat(line, 1); });
-        trap.Run([&] { ShowChatInput(FindChildByClass(room, "RICHCNTL", 2)); });
+        trap.Run([&] {
+            ShowChatInput(FindChildByClass(room, "RICHCNTL", 2));
+            if (Visible()) FormOnTop(*this);
+        });
         trap.Run([&] { Pause(1000); });
     }
     if (AdvertFaderWasOn) {

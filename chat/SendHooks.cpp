@@ -6,6 +6,7 @@
 #include "ChatHooks.h"
 #include "ChatText.h"
 #include "ErrorTrap.h"
+#include "Form.h"
 #include "frmChatTools.h"
 #include "modAOLFunctions.h"
 #include "modFade.h"
@@ -31,10 +32,18 @@ void PutFadedLine(HWND input, std::string line)
     TextToChat(line, 0);
 }
 
+// Giving the chat input the keyboard brings AOL to the front; the panel
+// stays above it.
+void KeepPanelInFront(frmChatTools& panel)
+{
+    if (panel.Visible()) FormOnTop(panel);
+}
+
 void RunChatHookEvent(frmChatTools& panel, LONG_PTR value)
 {
     if (value == kShowInput) {
         ShowChatInput(panel.sbcChatEdit.Window());
+        KeepPanelInFront(panel);
         return;
     }
     const bool fromClick = value == kRunClickCommand;
@@ -109,7 +118,10 @@ void frmChatTools::sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wPa
         SendingEnter = true;
         ErrorTrap::Ignoring([&] { SendMessageA(window, WM_CHAR, 13, 0); });
         SendingEnter = false;
-        ErrorTrap::Ignoring([&] { ShowChatInput(window); });
+        ErrorTrap::Ignoring([&] {
+            ShowChatInput(window);
+            KeepPanelInFront(*this);
+        });
         return;
     }
 }
