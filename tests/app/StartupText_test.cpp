@@ -37,11 +37,3 @@ TEST(StartupText, MessagesCarryTheirParticulars)
     // The folder is named upper-cased, whatever the user picked.
     EXPECT_NE(NextStartText("c:\\aol 4.0").find("~B~CBC:\\AOL 4.0~B~CN directory."), std::string::npos);
 }
-
-TEST(StartupText, OnlyPlatformOneIsWindows9x)
-{
-    EXPECT_EQ(ClassifyPlatform(1), OSVerdict::Windows9x);
-    EXPECT_EQ(ClassifyPlatform(2), OSVerdict::WindowsNT);
-    EXPECT_EQ(ClassifyPlatform(0), OSVerdict::Other);
-    EXPECT_EQ(ClassifyPlatform(3), OSVerdict::Other);
-}
