@@ -186,6 +186,10 @@ TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
             sim_.Ctl("quit");  // the close box
         else
             PostMessageA(frame, WM_COMMAND, 8207, 0);  // File, Exit
+        // The program's menu leaves AOL's menu bar before AOL goes.
+        EXPECT_TRUE(PumpUntil([&] { return sim_.Ctl("menu").find("Prism&o") == std::string::npos; }, 1500))
+            << way;
+        EXPECT_TRUE(IsWindow(frame)) << way;
         EXPECT_EQ(prismo_.Wait(8000), 0) << way;
         PumpUntil([&] { return !IsWindow(frame); }, 8000);
         const DWORD closed = GetTickCount() - asked;
@@ -195,6 +199,22 @@ TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
         TearDown();
         SetUp();
     }
+}
+
+TEST_F(ChatLiveTest, ProgramMenuAdvertisesAndExits)
+{
+    Start();
+    const size_t before = Lines(sim_.Ctl("transcript")).size();
+    PostMessageA(sim_.Frame(), WM_COMMAND, 60002, 0);  // Prism&o, Advertise
+    PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= before + 5; }, 15000);
+    EXPECT_EQ(Lines(sim_.Ctl("transcript")).size(), before + 5);
+    PumpFor(1500);
+    PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
+    EXPECT_EQ(prismo_.Wait(8000), 0);
+    EXPECT_EQ(sim_.Ctl("menu").find("Prism&o"), std::string::npos);
+    EXPECT_TRUE(IsWindow(sim_.Frame())) << "AOL stays when only Prismo exits";
+    // AOL's chat goes on unhooked.
+    EXPECT_EQ(Send("unhooked"), "unhooked\n");
 }
 
 TEST_F(ChatLiveTest, AOLVanishingEndsTheProgramOnTheNextTick)
