@@ -22,7 +22,10 @@ LRESULT CALLBACK StripProc(HWND strip, UINT msg, WPARAM wp, LPARAM lp)
     try {
         switch (msg) {
         case WM_ERASEBKGND:
-            return 1;  // the band covers the strip; erasing would only flicker
+            // The band covers the strip; only one colour shows the background.
+            if (panel && panel->PanelFadeNumber == 1 && !panel->Loading)
+                WindowSurface(strip).Fill(panel->picPreview.BackColor);
+            return 1;
         case WM_PAINT: {
             PAINTSTRUCT ps;
             BeginPaint(strip, &ps);
@@ -72,14 +75,17 @@ void frmChatTools::picPreview_Paint()
     if (Loading || !picPreview.hwnd()) return;
     const int n = PanelFadeNumber;
     if (n < 1 || n > 6) return;
-    ColorValue colours[6];
-    for (int k = 0; k < n; ++k) colours[k] = cmdColor[k].BackColor;
+    ColorValue c[6];
+    for (int k = 0; k < n; ++k) c[k] = cmdColor[k].BackColor;
+    if (n == 1) return Fade1Preview(c[0]);
     WindowSurface surface(picPreview.hwnd());
-    if (n == 1) {
-        surface.Fill(colours[0]);  // one colour: the strip's background
-        return;
-    }
-    PaintPreview(surface, n, colours);
+    PaintPreview(surface, n, c);
+}
+
+void frmChatTools::Fade1Preview(const ColorValue& color)
+{
+    picPreview.BackColor = color;
+    WindowSurface(picPreview.hwnd()).Fill(color);
 }
 
 void frmChatTools::picPreview_MouseDown()

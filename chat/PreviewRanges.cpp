@@ -66,18 +66,66 @@ void FadeVertical(DrawSurface& target, float startRed, float startGreen, float s
     }
 }
 
-bool PaintPreview(DrawSurface& target, int colors, const ColorValue* palette)
+namespace {
+
+// Colour k blends into colour k + 1 over the k-th range of the table.
+void FadeAcross(DrawSurface& target, const ColorValue* colours, int count)
 {
-    if (colors == 1) {
+    const std::vector<PreviewRange> ranges = PreviewRanges(count, target.ScaleWidth());
+    for (std::size_t k = 0; k < ranges.size(); ++k) {
+        const Components a = Split(colours[k]), b = Split(colours[k + 1]);
+        FadeVertical(target, a.red, a.green, a.blue, b.red, b.green, b.blue, ranges[k].from, ranges[k].to);
+    }
+}
+
+}  // namespace
+
+void Fade2Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2)
+{
+    const ColorValue colours[] = {c1, c2};
+    FadeAcross(target, colours, 2);
+}
+
+void Fade3Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3)
+{
+    const ColorValue colours[] = {c1, c2, c3};
+    FadeAcross(target, colours, 3);
+}
+
+void Fade4Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3,
+                  const ColorValue& c4)
+{
+    const ColorValue colours[] = {c1, c2, c3, c4};
+    FadeAcross(target, colours, 4);
+}
+
+void Fade5Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3,
+                  const ColorValue& c4, const ColorValue& c5)
+{
+    const ColorValue colours[] = {c1, c2, c3, c4, c5};
+    FadeAcross(target, colours, 5);
+}
+
+void Fade6Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3,
+                  const ColorValue& c4, const ColorValue& c5, const ColorValue& c6)
+{
+    const ColorValue colours[] = {c1, c2, c3, c4, c5, c6};
+    FadeAcross(target, colours, 6);
+}
+
+bool PaintPreview(DrawSurface& target, int colors, const ColorValue* c)
+{
+    switch (colors) {
+    case 1: {
         const double width = target.ScaleWidth(), height = target.ScaleHeight();
-        for (double x = 0; x <= width; x += 1) target.Line(x, 0, x, height, palette[0]);
+        for (double x = 0; x <= width; x += 1) target.Line(x, 0, x, height, c[0]);
         return true;
     }
-    const std::vector<PreviewRange> ranges = PreviewRanges(colors, target.ScaleWidth());
-    for (std::size_t k = 0; k < ranges.size(); ++k) {
-        const Components a = Split(palette[k]), b = Split(palette[k + 1]);
-        FadeVertical(target, a.red, a.green, a.blue, b.red, b.green, b.blue, ranges[k].from,
-                     ranges[k].to);
+    case 2: Fade2Preview(target, c[0], c[1]); return true;
+    case 3: Fade3Preview(target, c[0], c[1], c[2]); return true;
+    case 4: Fade4Preview(target, c[0], c[1], c[2], c[3]); return true;
+    case 5: Fade5Preview(target, c[0], c[1], c[2], c[3], c[4]); return true;
+    case 6: Fade6Preview(target, c[0], c[1], c[2], c[3], c[4], c[5]); return true;
+    default: return false;
     }
-    return !ranges.empty();
 }

@@ -26,6 +26,16 @@ std::vector<PreviewRange> PreviewRanges(int colors, double scaleWidth);
 void FadeVertical(DrawSurface& target, float startRed, float startGreen, float startBlue,
                   float endRed, float endGreen, float endBlue, double from, double to);
 
+// The band for two to six colours, each pair of neighbours over its range.
+void Fade2Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2);
+void Fade3Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3);
+void Fade4Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3,
+                  const ColorValue& c4);
+void Fade5Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3,
+                  const ColorValue& c4, const ColorValue& c5);
+void Fade6Preview(DrawSurface& target, const ColorValue& c1, const ColorValue& c2, const ColorValue& c3,
+                  const ColorValue& c4, const ColorValue& c5, const ColorValue& c6);
+
 // The whole band for `colors` colours (1 to 6, taken from the front of
 // `palette`). One colour fills the strip; any other count paints nothing.
 // Returns false when nothing was painted.

@@ -19,6 +19,7 @@ class PreviewStrip {
 public:
     HWND Create(HWND parent, int id, int x, int y, int width, int height);
     HWND hwnd() const { return hwnd_; }
+    ColorValue BackColor = 0;  // the one colour of a one-colour fade
 
 private:
     HWND hwnd_ = nullptr;
@@ -88,6 +89,7 @@ public:
 
     // --- The preview strip (Preview.cpp) ---
     void picPreview_Paint();
+    void Fade1Preview(const ColorValue& color);  // one colour: the strip's background
     void picPreview_MouseDown();
 
     // --- The chat hooks, commands and watcher (their own source files) ---
