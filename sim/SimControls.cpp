@@ -43,6 +43,11 @@ LRESULT CALLBACK RichCntlProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
                 return 0;
             }
             break;
+        case WM_KEYDOWN:
+            // Backspace works on its WM_CHAR, as in an edit control, so a key
+            // press and a posted character delete the same one character.
+            if (wParam == VK_BACK) return 0;
+            break;
         case WM_COMMAND:
             if (lParam == 0 && RichEditorCommand(hwnd, LOWORD(wParam))) return 0;
             break;
