@@ -89,7 +89,8 @@ void frmCMDialog::FillDrives()
 
 bool frmCMDialog::ChangeDrive(const std::string& drive)
 {
-    const std::string root = drive.substr(0, 2) + "\\";
+    std::string root = drive.substr(0, 2) + "\\";
+    root[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(root[0])));
     const UINT oldMode = SetErrorMode(SEM_FAILCRITICALERRORS);
     DWORD sectors, bytes, free, total;
     const bool ready = GetDiskFreeSpaceA(root.c_str(), &sectors, &bytes, &free, &total) ||

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "AOLSim.h"
@@ -78,6 +79,42 @@ void EndEveryAOL()
         if (HWND frame = FindWindowA("AOL FRAME25", nullptr)) KillWindowProcess(frame);
 }
 
+// Walks the folder picker to `folder` the way a user does: the drive from
+// the drive list, then one double-click per folder in the folder tree.
+void Navigate(HWND picker, const std::string& folder)
+{
+    char full[MAX_PATH];
+    GetFullPathNameA(folder.c_str(), sizeof full, full, nullptr);
+    std::string path = full;
+    HWND drives = GetDlgItem(picker, IDC_CM_DRIVE1), dirs = GetDlgItem(picker, IDC_CM_DIR1);
+    std::string drive = path.substr(0, 2);
+    drive[0] = static_cast<char>(tolower(drive[0]));
+    const LRESULT at = SendMessageA(drives, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                    reinterpret_cast<LPARAM>(drive.c_str()));
+    SendMessageA(drives, CB_SETCURSEL, static_cast<WPARAM>(at), 0);
+    SendMessageA(picker, WM_COMMAND, MAKEWPARAM(IDC_CM_DRIVE1, CBN_SELCHANGE), reinterpret_cast<LPARAM>(drives));
+    int depth = 1;
+    for (size_t start = 3; start < path.size();) {
+        const size_t end = std::min(path.find('\\', start), path.size());
+        const std::string name = path.substr(start, end - start);
+        start = end + 1;
+        // The tree indents each folder two blanks per level below the root.
+        const std::string entry = std::string(2 * depth++, ' ') + name;
+        const LRESULT line = SendMessageA(dirs, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                          reinterpret_cast<LPARAM>(entry.c_str()));
+        ASSERT_NE(line, LB_ERR) << "no folder " << name << " in the tree";
+        SendMessageA(dirs, LB_SETCURSEL, static_cast<WPARAM>(line), 0);
+        SendMessageA(picker, WM_COMMAND, MAKEWPARAM(IDC_CM_DIR1, LBN_DBLCLK), reinterpret_cast<LPARAM>(dirs));
+    }
+}
+
+std::string FullPath(const std::string& folder)
+{
+    char full[MAX_PATH];
+    GetFullPathNameA(folder.c_str(), sizeof full, full, nullptr);
+    return full;
+}
+
 class StartupTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -114,13 +151,20 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     ASSERT_TRUE(picker);
     EXPECT_EQ(WindowText(picker), "Select AOL Directory");
     EXPECT_EQ(WindowText(GetDlgItem(picker, IDC_CM_TXTPATH)), "C:\\");
-    const std::string empty = SimFolder() + "aol40\\download";
-    SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), empty.c_str());
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(picker, IDC_CM_COMMAND1))) << "no aol.exe on C:\\";
+    const std::string aol40 = FullPath(SimFolder() + "aol40");
+    Navigate(picker, aol40);
+    EXPECT_EQ(WindowText(GetDlgItem(picker, IDC_CM_TXTPATH)), aol40);
+    EXPECT_EQ(SendMessageA(GetDlgItem(picker, IDC_CM_FILE1), LB_GETCOUNT, 0, 0), 1);
+    ASSERT_TRUE(IsWindowEnabled(GetDlgItem(picker, IDC_CM_COMMAND1)));
+    // A path typed over the chosen one is checked when OK is pressed.
+    const std::string typed = aol40 + "\\download";
+    SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), typed.c_str());
     PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
     EXPECT_NE(WaitForMessage(pid, &box).find("AOL.EXE not found!"), std::string::npos);
     ASSERT_TRUE(box);
     Answer(box);
-    const std::string aol40 = SimFolder() + "aol40";
+    ASSERT_TRUE(IsWindowVisible(picker)) << "the picker stays after a refusal";
     SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), aol40.c_str());
     PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
 
@@ -217,8 +261,8 @@ TEST_F(StartupTest, ChangeAOLOnlyChoosesTheFolderEvenBesideARunningCopy)
     PumpUntil([&] { return (picker = WindowWithChild(change.Id(), IDC_CM_TXTPATH)) != nullptr; }, 15000);
     ASSERT_TRUE(picker) << "no folder picker";
     EXPECT_FALSE(WindowWithChild(change.Id(), IDC_LD_BAR)) << "no loading window for CHANGEAOL";
-    const std::string aol50 = SimFolder() + "aol50";
-    SetWindowTextA(GetDlgItem(picker, IDC_CM_TXTPATH), aol50.c_str());
+    const std::string aol50 = FullPath(SimFolder() + "aol50");
+    Navigate(picker, aol50);
     PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
     HWND box;
     const std::string told = WaitForMessage(change.Id(), &box);
