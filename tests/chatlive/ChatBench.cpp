@@ -42,14 +42,25 @@ double SendLines(HWND input, HWND transcript, int rounds, const std::string& lin
     return total / rounds;
 }
 
+// The quickest of three runs: the machine is shared, and the quickest run
+// is the one least disturbed by others.
+double BestTyping(HWND input, int count)
+{
+    double best = TypeChars(input, count);
+    for (int i = 0; i < 2; ++i) {
+        const double ms = TypeChars(input, count);
+        if (ms < best) best = ms;
+    }
+    return best;
+}
+
 }  // namespace
 
 int main()
 {
     EndEveryAOL();
     FreshSettings(SimFolder() + "aol40");
-    // A long line must not move into the multiline window while we type.
-    SetOption("Multiline", "Use Multiline", "False");
+    // "Use Multiline" stays on, so every key also asks for the line's length.
     SimAOL sim;
     if (!sim.Start("40", "--signed-on \"Zun Tester\" --room \"Town Square\"")) {
         std::fprintf(stderr, "the simulator did not start\n");
@@ -61,7 +72,7 @@ int main()
     const int chars = 1000, rounds = 20;
 
     TypeChars(input, 50);  // warm up
-    const double typedPlain = TypeChars(input, chars);
+    const double typedPlain = BestTyping(input, chars);
     const double sentPlain = SendLines(input, transcript, rounds);
     // AOL's own part of a faded send: the same markup posted without Prismo.
     std::string markup;
@@ -80,10 +91,10 @@ int main()
     }
     PumpFor(2500);  // the watcher hooks the room
     TypeChars(input, 50);
-    const double typedHooked = TypeChars(input, chars);
+    const double typedHooked = BestTyping(input, chars);
     const double sentFaded = SendLines(input, transcript, rounds);
 
-    std::printf("typing %d characters: unhooked %.0f ms, hooked %.0f ms, ratio %.2f (target <= 3)\n", chars,
+    std::printf("typing %d characters (best of 3): unhooked %.0f ms, hooked %.0f ms, ratio %.2f (target <= 3)\n", chars,
                 typedPlain, typedHooked, typedHooked / (typedPlain > 0 ? typedPlain : 1));
     std::printf("sending a 60-character line: plain %.1f ms, faded %.1f ms, ratio %.2f (target <= 5)\n",
                 sentPlain, sentFaded, sentFaded / (sentPlain > 0 ? sentPlain : 1));
