@@ -63,6 +63,10 @@ prismo_wineprefix() {
     rm -rf "$WINEPREFIX"
     wineboot -i >/dev/null 2>&1
     wineserver -w
+    # Marlett draws the caption buttons and Tahoma is the dialogs' face; the
+    # fresh prefix does not pick them up from Wine's own folder by itself.
+    cp /usr/share/wine/fonts/marlett.ttf /usr/share/wine/fonts/tahoma*.ttf \
+        "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
     local reg="$BUILD/prefix.reg"
     {
         echo 'REGEDIT4'
