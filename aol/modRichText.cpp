@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "AOLHandles.h"
+#include "GlobalMemory.h"
 
 namespace {
 const size_t kReadLimit = 30000;  // longer mail texts are not taken
@@ -31,14 +32,14 @@ std::string GetRichText(HWND owner)
 
 void PutRichText(HWND owner, const std::string& text)
 {
-    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, text.size() + 1);
-    if (!block) return;
+    GlobalBlock block(text.size() + 1);
+    if (!block.get()) return;
     {
-        GlobalLockScope lock(block);
+        GlobalLockScope lock(block.get());
         if (lock.Data()) std::memcpy(lock.Data(), text.data(), text.size());
     }
     OpenClipboardScope clipboard(owner);
     EmptyClipboard();
-    // From here on the clipboard owns the block.
-    if (!SetClipboardData(AOLMailFormat(), block)) GlobalFree(block);
+    // Once the clipboard takes the block, it is the clipboard's to free.
+    if (SetClipboardData(AOLMailFormat(), block.get())) block.Release();
 }

@@ -1,6 +1,7 @@
 // Whole-file operations over the Win32 file API.
 #include "modFileOp.h"
 
+#include "KernelHandle.h"
 #include "Win32Error.h"
 
 #include <windows.h>
@@ -8,25 +9,6 @@
 #include <utility>
 
 namespace {
-
-// An owning file handle.
-class FileHandle {
-public:
-    explicit FileHandle(HANDLE handle) : handle_(handle) {}
-    FileHandle(FileHandle&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
-    FileHandle& operator=(FileHandle&&) = delete;
-    FileHandle(const FileHandle&) = delete;
-    FileHandle& operator=(const FileHandle&) = delete;
-    ~FileHandle()
-    {
-        if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
-    }
-    HANDLE get() const { return handle_; }
-    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
-
-private:
-    HANDLE handle_;
-};
 
 // An owning search handle of FindFirstFileA.
 class FindHandle {
@@ -46,11 +28,11 @@ private:
     HANDLE handle_;
 };
 
-FileHandle OpenOrRaise(const std::string& path, DWORD access, DWORD disposition)
+KernelHandle OpenOrRaise(const std::string& path, DWORD access, DWORD disposition)
 {
-    FileHandle file(CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+    KernelHandle file(CreateFileA(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
                                 nullptr));
-    if (!file) RaiseLastError();
+    if (!file.Valid()) RaiseLastError();
     return file;
 }
 
@@ -90,14 +72,14 @@ bool DirExists(const std::string& path)
 
 std::string ReadFile(const std::string& path)
 {
-    FileHandle file = OpenOrRaise(path, GENERIC_READ, OPEN_EXISTING);
-    const DWORD size = GetFileSize(file.get(), nullptr);
+    KernelHandle file = OpenOrRaise(path, GENERIC_READ, OPEN_EXISTING);
+    const DWORD size = GetFileSize(file.Get(), nullptr);
     if (size == INVALID_FILE_SIZE) RaiseLastError();
     std::string text(size, '\0');
     DWORD done = 0;
     while (done < size) {
         DWORD read = 0;
-        if (!::ReadFile(file.get(), &text[done], size - done, &read, nullptr)) RaiseLastError();
+        if (!::ReadFile(file.Get(), &text[done], size - done, &read, nullptr)) RaiseLastError();
         if (read == 0) break;  // the file shrank while we read it
         done += read;
     }
@@ -107,13 +89,13 @@ std::string ReadFile(const std::string& path)
 
 bool WriteFile(const std::string& path, const std::string& text)
 {
-    FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+    KernelHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
                                 nullptr));
-    if (!file) return false;
+    if (!file.Valid()) return false;
     DWORD done = 0;
     while (done < text.size()) {
         DWORD written = 0;
-        if (!::WriteFile(file.get(), text.data() + done, static_cast<DWORD>(text.size() - done), &written, nullptr) ||
+        if (!::WriteFile(file.Get(), text.data() + done, static_cast<DWORD>(text.size() - done), &written, nullptr) ||
             written == 0)
             return false;
         done += written;

@@ -12,6 +12,7 @@
 #include "SchemeFiles.h"
 #include "StartupText.h"
 #include "SubClass.h"
+#include "KernelHandle.h"
 #include "frmChatTools.h"
 #include "frmMain.h"
 #include "frmMsg.h"
@@ -162,14 +163,14 @@ void OS_Check()
 
 void CheckForTunebox()
 {
-    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    if (snapshot == INVALID_HANDLE_VALUE) return;
+    KernelHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    if (!snapshot.Valid()) return;
     PROCESSENTRY32 entry{};
     entry.dwSize = sizeof entry;
     bool found = false;
-    for (BOOL more = Process32First(snapshot, &entry); more && !found; more = Process32Next(snapshot, &entry))
+    for (BOOL more = Process32First(snapshot.Get(), &entry); more && !found;
+         more = Process32Next(snapshot.Get(), &entry))
         found = IsTuneboxPath(entry.szExeFile);
-    CloseHandle(snapshot);
     if (found) Refuse(StartupText::Tunebox, 64);
 }
 

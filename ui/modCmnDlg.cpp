@@ -7,6 +7,7 @@
 
 #include "Convert.h"
 #include "ErrorTrap.h"
+#include "GlobalMemory.h"
 #include "modRegKeys.h"
 #include "modZunBtns.h"
 
@@ -14,39 +15,6 @@ namespace {
 
 constexpr int CustomColorCount = 16;
 constexpr UIColor White = 16777215;
-
-// A block of global memory, freed when it goes.
-class GlobalBlock {
-public:
-    explicit GlobalBlock(SIZE_T bytes) : h_(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes)) {}
-    ~GlobalBlock()
-    {
-        if (h_) GlobalFree(h_);
-    }
-    GlobalBlock(const GlobalBlock&) = delete;
-    GlobalBlock& operator=(const GlobalBlock&) = delete;
-    HGLOBAL get() const { return h_; }
-
-private:
-    HGLOBAL h_;
-};
-
-// The block locked for one scope.
-class Locked {
-public:
-    explicit Locked(HGLOBAL h) : h_(h), p_(GlobalLock(h)) {}
-    ~Locked()
-    {
-        if (p_) GlobalUnlock(h_);
-    }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    COLORREF* colors() const { return static_cast<COLORREF*>(p_); }
-
-private:
-    HGLOBAL h_;
-    void* p_;
-};
 
 }  // namespace
 
@@ -79,21 +47,22 @@ UIColor PickColor(HWND owner, UIColor initial)
             result = 0;
             return;
         }
-        Locked custom(block.get());
-        if (!custom.colors()) {
+        GlobalLockScope lock(block.get());
+        auto* colors = static_cast<COLORREF*>(lock.Data());
+        if (!colors) {
             result = 0;
             return;
         }
-        for (int i = 0; i < CustomColorCount; ++i) custom.colors()[i] = static_cast<COLORREF>(GetCustomColor(i));
+        for (int i = 0; i < CustomColorCount; ++i) colors[i] = static_cast<COLORREF>(GetCustomColor(i));
         CHOOSECOLORA cc{};
         cc.lStructSize = sizeof cc;
         cc.hwndOwner = owner;
         cc.rgbResult = ResolveColor(initial);
-        cc.lpCustColors = custom.colors();
+        cc.lpCustColors = colors;
         cc.Flags = CC_FULLOPEN | CC_RGBINIT;
         const bool chosen = ChooseColorA(&cc);
         // Custom colours the user made count even when the dialog was cancelled.
-        for (int i = 0; i < CustomColorCount; ++i) SaveCustomColor(i, static_cast<UIColor>(custom.colors()[i]));
+        for (int i = 0; i < CustomColorCount; ++i) SaveCustomColor(i, static_cast<UIColor>(colors[i]));
         const auto picked = static_cast<UIColor>(cc.rgbResult);
         if (chosen && picked >= 0) result = picked;
     });

@@ -84,19 +84,19 @@ COLORREF ResolveColor(UIColor color)
     return value & 0x00FFFFFF;
 }
 
-void ZunButton::Attach(HWND button)
+void OwnerDrawnButton::Attach(HWND button)
 {
     hwnd_ = button;
     AttachTo(button);
 }
 
-HWND ZunButton::Create(HWND parent, int id, const std::string& caption, int x, int y, int width, int height)
+HWND OwnerDrawnButton::Create(HWND parent, int id, const std::string& caption, int x, int y, int width, int height)
 {
     Attach(CreateOwnerDrawn(parent, id, caption, x, y, width, height));
     return hwnd_;
 }
 
-void ZunButton::Refresh() const
+void OwnerDrawnButton::Refresh() const
 {
     if (hwnd_) InvalidateRect(hwnd_, nullptr, FALSE);
 }
@@ -129,23 +129,6 @@ void ZunButton::Draw(const DRAWITEMSTRUCT& item)
         SetBkColor(dc, RGB(255, 255, 255));
         DrawFocusRect(dc, &dots);
     }
-}
-
-void FlatButton::Attach(HWND button)
-{
-    hwnd_ = button;
-    AttachTo(button);
-}
-
-HWND FlatButton::Create(HWND parent, int id, const std::string& caption, int x, int y, int width, int height)
-{
-    Attach(CreateOwnerDrawn(parent, id, caption, x, y, width, height));
-    return hwnd_;
-}
-
-void FlatButton::Refresh() const
-{
-    if (hwnd_) InvalidateRect(hwnd_, nullptr, FALSE);
 }
 
 void FlatButton::Draw(const DRAWITEMSTRUCT& item)

@@ -13,14 +13,22 @@
 // A colour as GDI takes it: system colours (0x800000nn) through GetSysColor.
 COLORREF ResolveColor(UIColor color);
 
-// An ordinary 3-D push button. It wraps a BS_OWNERDRAW button made by a
-// dialog template or by Create; its form's WM_DRAWITEM paints it.
-class ZunButton : public OwnerDrawn {
+// A BS_OWNERDRAW button made by a dialog template or by Create; its form's
+// WM_DRAWITEM paints it.
+class OwnerDrawnButton : public OwnerDrawn {
 public:
     void Attach(HWND button);
     HWND Create(HWND parent, int id, const std::string& caption, int x, int y, int width, int height);
     HWND hwnd() const { return hwnd_; }
     void Refresh() const;
+
+protected:
+    HWND hwnd_ = nullptr;
+};
+
+// An ordinary 3-D push button.
+class ZunButton : public OwnerDrawnButton {
+public:
     void Draw(const DRAWITEMSTRUCT& item) override;
 
     UIColor BackColor = SysColor::ButtonFace;         // the face
@@ -29,19 +37,12 @@ public:
     UIColor FillerBackground = SysColor::ButtonFace;  // the margin around the button
     UIColor BorderColor = SysColor::ButtonHighlight;  // the lit top and left edges
     UIColor ShadowColor = SysColor::ButtonShadow;     // the shaded bottom and right edges
-
-private:
-    HWND hwnd_ = nullptr;
 };
 
 // A flat button that stays pressed ("on") or released; its owner flips
 // Value on a click and colours it with SetOptColor.
-class FlatButton : public OwnerDrawn {
+class FlatButton : public OwnerDrawnButton {
 public:
-    void Attach(HWND button);
-    HWND Create(HWND parent, int id, const std::string& caption, int x, int y, int width, int height);
-    HWND hwnd() const { return hwnd_; }
-    void Refresh() const;
     void Draw(const DRAWITEMSTRUCT& item) override;
 
     bool Value = false;
@@ -50,9 +51,6 @@ public:
     UIColor ForeColor = SysColor::ButtonText;
     UIColor FocusColor = 0;
     UIColor ClickColor = SysColor::ButtonShadow;     // the face while the mouse holds it
-
-private:
-    HWND hwnd_ = nullptr;
 };
 
 // A progress bar with a status text and a percentage.
