@@ -14,6 +14,7 @@
 #include "modFindChild.h"
 #include "modMsgBox.h"
 #include "modRegKeys.h"
+#include "modWin32API.h"
 #include "RegKey.h"
 #include "resource.h"
 
@@ -191,12 +192,29 @@ void frmChatTools::FocusChatRoom()
     // threads share their input state.
     HWND input = FindChildByClass(ChatRoomWindow, "RICHCNTL", 2);
     HWND target = input ? input : ChatRoomWindow;
+    if (AOLWindow && GetForegroundWindow() != AOLWindow) {
+        SetForegroundWindow(AOLWindow);
+        for (int i = 0; i < 10 && GetForegroundWindow() != AOLWindow; ++i) Pause(20);
+    }
+    // AOL's thread takes the activation as a message of its own and may then
+    // put the keyboard back where it last was; place it again until it stays.
+    PlaceKeyboard(target, true);
+    for (int i = 0; i < 5; ++i) {
+        Pause(30);
+        if (PlaceKeyboard(target, false)) break;
+        PlaceKeyboard(target, true);
+    }
+}
+
+bool frmChatTools::PlaceKeyboard(HWND target, bool move)
+{
     const DWORD mine = GetCurrentThreadId();
     const DWORD theirs = GetWindowThreadProcessId(target, nullptr);
     const bool attached = theirs != mine && AttachThreadInput(mine, theirs, TRUE);
-    if (AOLWindow) SetForegroundWindow(AOLWindow);
-    SetFocus(target);
+    if (move) SetFocus(target);
+    const bool there = GetFocus() == target;
     if (attached) AttachThreadInput(mine, theirs, FALSE);
+    return there;
 }
 
 void frmChatTools::ApplyState(bool expanded)

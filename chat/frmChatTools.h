@@ -68,6 +68,8 @@ public:
     void HidePanel();
     // Hands the keyboard focus back to the chat room the user types in.
     void FocusChatRoom();
+    // Moves the keyboard to `target` of another thread, or only looks; true when it is there.
+    static bool PlaceKeyboard(HWND target, bool move);
 
     // Click handlers, one per control (index 0 to 5 for the arrays).
     void cboSchemes_Click();

@@ -204,13 +204,17 @@ std::string StyleChange(const CharStyle& from, const CharStyle& to) {
 }  // namespace
 
 void AppendChatLine(HWND transcript, const std::string& name, const std::string& html) {
+    // A faded line is one run per character: draw the line once, not per run.
+    SendMessageA(transcript, WM_SETREDRAW, FALSE, 0);
     CHARRANGE end{-1, -1};
     SendMessageA(transcript, EM_EXSETSEL, 0, (LPARAM)&end);
     AolRun who;
     who.text = (GetWindowTextLengthA(transcript) > 0 ? "\r" : "") + name + ":\t";
     InsertRuns(transcript, {who});
     InsertRuns(transcript, ReadAolHtml(html));
+    SendMessageA(transcript, WM_SETREDRAW, TRUE, 0);
     SendMessageA(transcript, WM_VSCROLL, SB_BOTTOM, 0);
+    InvalidateRect(transcript, nullptr, TRUE);
 }
 
 std::string ReadRichAsAolHtml(HWND rich) {
