@@ -56,15 +56,7 @@ LRESULT CALLBACK StripProc(HWND strip, UINT msg, WPARAM wp, LPARAM lp)
 
 HWND PreviewStrip::Create(HWND parent, int id, int x, int y, int width, int height)
 {
-    static bool registered = false;
-    if (!registered) {
-        WNDCLASSA wc{};
-        wc.lpfnWndProc = StripProc;
-        wc.hInstance = GetModuleHandleA(nullptr);
-        wc.hCursor = LoadCursor(nullptr, IDC_SIZEALL);
-        wc.lpszClassName = kStripClass;
-        registered = RegisterClassA(&wc) != 0;
-    }
+    RegisterWindowClass(kStripClass, StripProc, IDC_SIZEALL);
     hwnd_ = CreateWindowExA(WS_EX_CLIENTEDGE, kStripClass, "", WS_CHILD | WS_VISIBLE, x, y, width, height, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
     return hwnd_;

@@ -21,18 +21,6 @@ std::vector<Form*>& FormList()
     return forms;
 }
 
-void RegisterFormClass(LRESULT(CALLBACK* proc)(HWND, UINT, WPARAM, LPARAM))
-{
-    static bool registered = false;
-    if (registered) return;
-    WNDCLASSA wc{};
-    wc.lpfnWndProc = proc;
-    wc.hInstance = GetModuleHandleA(nullptr);
-    wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-    wc.lpszClassName = FormClass;
-    registered = RegisterClassA(&wc) != 0;
-}
-
 RECT WindowRect(HWND hwnd)
 {
     RECT r{};
@@ -71,7 +59,7 @@ bool Form::Load()
     if (templateId_) {
         CreateDialogParamA(instance, MAKEINTRESOURCEA(templateId_), nullptr, DialogProc, reinterpret_cast<LPARAM>(this));
     } else {
-        RegisterFormClass(WindowProc);
+        RegisterWindowClass(FormClass, WindowProc, IDC_ARROW);
         CreateWindowExA(0, FormClass, "", WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, CW_USEDEFAULT,
                         CW_USEDEFAULT, pixelWidth_, pixelHeight_, nullptr, nullptr, instance, this);
     }
@@ -348,4 +336,15 @@ void InitForm(Form& form)
     FormOnTop(form);
     CenterForm(form);
     SetFormColor(form);
+}
+
+void RegisterWindowClass(const char* name, WNDPROC proc, LPCSTR cursor)
+{
+    WNDCLASSA wc{};
+    if (GetClassInfoA(GetModuleHandleA(nullptr), name, &wc)) return;
+    wc.lpfnWndProc = proc;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.hCursor = LoadCursor(nullptr, cursor);
+    wc.lpszClassName = name;
+    RegisterClassA(&wc);
 }

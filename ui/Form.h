@@ -105,3 +105,6 @@ void FormOnTop(Form& form);
 void FormNotOnTop(Form& form);
 // The first step of every dialog's loading: topmost, centred, coloured.
 void InitForm(Form& form);
+
+// Registers a window class of the program once; later calls do nothing.
+void RegisterWindowClass(const char* name, WNDPROC proc, LPCSTR cursor);

@@ -150,15 +150,7 @@ void FlatButton::Draw(const DRAWITEMSTRUCT& item)
 
 HWND ProgressBar::Create(HWND parent, int id, int x, int y, int width, int height)
 {
-    static bool registered = false;
-    if (!registered) {
-        WNDCLASSA wc{};
-        wc.lpfnWndProc = ProgressProc;
-        wc.hInstance = GetModuleHandleA(nullptr);
-        wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-        wc.lpszClassName = ProgressClass;
-        registered = RegisterClassA(&wc) != 0;
-    }
+    RegisterWindowClass(ProgressClass, ProgressProc, IDC_ARROW);
     hwnd_ = CreateWindowExA(0, ProgressClass, "", WS_CHILD | WS_VISIBLE, x, y, width, height, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
     SetWindowLongPtrA(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
