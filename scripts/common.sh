@@ -5,7 +5,7 @@
 PRISMO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 BUILD=${PRISMO_BUILD:-$PRISMO_ROOT/build}
 
-PRISMO_PACKAGES="cmake ninja-build clang-14 libclang-rt-14-dev googletest libbenchmark-dev
+PRISMO_PACKAGES="cmake ninja-build clang clang-14 libclang-rt-14-dev googletest libbenchmark-dev
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 binutils-mingw-w64 mingw-w64-tools
   wine wine64 fonts-wine xvfb xdotool x11-utils imagemagick lolcat nsis python3"
 
