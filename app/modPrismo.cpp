@@ -139,6 +139,7 @@ void LoadSettingsAndSchemes()
 
 void EndProgram()
 {
+    TheChatSession().Stop();
     UnloadAllForms();
     ExitProcess(0);
 }
@@ -187,6 +188,8 @@ void RegSvr(const std::string& fileName, bool registerIt)
 void Main(const std::string& commandLine)
 {
     InstallErrorReport();
+    // Abort in an error report takes the program out of AOL before it ends.
+    SetAbortHandler([] { EndProgram(); });
     SetHelpFile(AppPath() + "\\prismo.hlp");
     Options.UIMode = static_cast<std::int16_t>(StartUIMode());
     ErrorTrap::Ignoring([] { LoadUserColors(); });
@@ -205,6 +208,7 @@ void Main(const std::string& commandLine)
     ReadScreenNames();
     LoadSettingsAndSchemes();
     AddMenuToAOL();
+    TheChatSession().Start();
     frmChatTools& panel = ChatTools();
     panel.Load();
     panel.ShowPanel();
@@ -215,5 +219,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
 {
     Main(commandLine ? commandLine : "");
     WaitUntil([] { return LoadedForms().empty(); });
+    TheChatSession().Stop();
     return 0;
 }

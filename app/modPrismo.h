@@ -1,6 +1,7 @@
 // modPrismo: start-up. Main checks where the program runs, attaches to AOL
 // or starts it, shows the loading window, loads the user's settings and
-// schemes, adds the program's menu to AOL and opens the control panel.
+// schemes, adds the program's menu to AOL, starts the chat session and opens
+// the control panel.
 #pragma once
 
 #include <string>
@@ -25,5 +26,6 @@ bool AnotherInstanceRunning();
 // firstRun 0 (the "CHANGEAOL" start): tells where AOL will start next time.
 void GetAOLPath(int firstRun);
 
-// Unloads every form and ends the program.
+// Stops the chat session (its hooks leave AOL), unloads every form and ends
+// the program.
 [[noreturn]] void EndProgram();

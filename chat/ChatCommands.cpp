@@ -3,10 +3,10 @@
 #include <windows.h>
 
 #include "ChatHooks.h"
+#include "ChatSession.h"
 #include "ChatText.h"
 #include "ErrorTrap.h"
-#include "Form.h"
-#include "frmChatTools.h"
+#include "Options.h"
 #include "modAOLFunctions.h"
 #include "modFindChild.h"
 #include "modMsgBox.h"
@@ -21,7 +21,7 @@ constexpr WPARAM kClear = 20004;
 
 }  // namespace
 
-void frmChatTools::ActivateCommand(const std::string& command)
+void ChatSession::ActivateCommand(const std::string& command)
 {
     ErrorTrap trap("frmChatTools", "ActivateCommand");
     switch (CommandFor(command)) {
@@ -35,24 +35,24 @@ void frmChatTools::ActivateCommand(const std::string& command)
         trap.Run([&] { OpenProgramWindow({ProgramWindow::VersionCheck, ""}); });
         break;
     case ChatCommand::Show:
-        trap.Run([&] { ShowPanel(); });
+        trap.Run([&] { panel_.ShowPanel(); });
         break;
     case ChatCommand::Hide:
-        trap.Run([&] { HidePanel(); });
+        trap.Run([&] { panel_.HidePanel(); });
         break;
     case ChatCommand::FadeOn:
         Options.FaderOn = true;
         trap.Run([&] { WriteSetting(Setting::FaderOn, "True"); });
-        trap.Run([&] { ShowPanel(); });
+        trap.Run([&] { panel_.ShowPanel(); });
         trap.Run([&] { Pause(100); });
-        trap.Run([&] { FadeOn(); });
+        trap.Run([&] { panel_.FadeOn(); });
         break;
     case ChatCommand::FadeOff:
         Options.FaderOn = false;
         trap.Run([&] { WriteSetting(Setting::FaderOn, "False"); });
-        trap.Run([&] { FadeOff(); });
+        trap.Run([&] { panel_.FadeOff(); });
         // Outside a chat room the panel has nothing to stand beside.
-        if (!sbcChatEdit.Window()) trap.Run([&] { HidePanel(); });
+        if (!sbcChatEdit.Window()) trap.Run([&] { panel_.HidePanel(); });
         break;
     case ChatCommand::Options:
         trap.Run([&] { OpenProgramWindow({ProgramWindow::Options, ""}); });
@@ -67,7 +67,7 @@ void frmChatTools::ActivateCommand(const std::string& command)
     }
 }
 
-void frmChatTools::Advertise()
+void ChatSession::Advertise()
 {
     ErrorTrap trap("frmChatTools", "Advertise");
     bool online = false;
@@ -92,7 +92,7 @@ void frmChatTools::Advertise()
         trap.Run([&] { TextToChat(line, 1); });
         trap.Run([&] {
             ShowChatInput(FindChildByClass(room, "RICHCNTL", 2));
-            if (Visible()) FormOnTop(*this);
+            panel_.KeepInFront();
         });
         trap.Run([&] { Pause(1000); });
     }
@@ -102,7 +102,7 @@ void frmChatTools::Advertise()
     }
 }
 
-void frmChatTools::EnableMultiline(HWND inputBox, int character, long lineLength)
+void ChatSession::EnableMultiline(HWND inputBox, int character, long lineLength)
 {
     ErrorTrap trap("frmChatTools", "EnableMultiline");
     std::string text;

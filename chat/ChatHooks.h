@@ -1,14 +1,14 @@
-// What the chat hooks, chat commands, watcher and AOL menu commands share:
-// the one way to the program's other windows, the delayed work of the send
-// hooks, and putting a hidden chat input back on view.
+// What the chat session's parts share: the one way to the program's other
+// windows, putting a hidden chat input back on view, reading the chat line,
+// and running a window procedure's step through the common error report.
 #pragma once
 
 #include <windows.h>
 
-#include <functional>
+#include <exception>
 #include <string>
 
-class frmChatTools;
+#include "ErrorTrap.h"
 
 // The program's windows that chat commands and the AOL menu open. Each one
 // lands in OpenProgramWindow by adding its case there.
@@ -33,14 +33,16 @@ struct ProgramWindowRequest {
 // build (the caller then leaves everything as it was).
 bool OpenProgramWindow(const ProgramWindowRequest& request);
 
-// Sees every request before it is carried out; returning true stops it there.
-// For tests that check what would open without opening it.
-using ProgramWindowObserver = std::function<bool(const ProgramWindowRequest&)>;
-void SetProgramWindowObserver(ProgramWindowObserver observer);
-
-// Gives the send hooks their delayed part (running a command after AOL has
-// handled the key or click). Safe to call again.
-void WireChatHooks(frmChatTools& panel);
+// Sees every request before it is carried out. For tests that check what
+// would open without opening it.
+class ProgramWindowObserver {
+public:
+    virtual ~ProgramWindowObserver() = default;
+    // True keeps the request from being carried out.
+    virtual bool Intercept(const ProgramWindowRequest& request) = 0;
+};
+// Puts `observer` before every request; nullptr removes it. The caller keeps it alive meanwhile.
+void SetProgramWindowObserver(ProgramWindowObserver* observer);
 
 // Shows the chat input again after we hid it to keep markup out of sight;
 // AOL leaves a hidden input hidden.
@@ -49,7 +51,20 @@ void ShowChatInput(HWND input);
 // The chat input's whole line (WM_GETTEXTLENGTH, then WM_GETTEXT).
 std::string ReadChatLine(HWND input);
 
-// Carries out one command of the program's AOL menu (after AOL has handled
-// the menu message).
-enum class MenuCommand;
-void RunMenuCommand(frmChatTools& panel, MenuCommand command);
+// Runs one step of a window procedure of the chat fader under the common
+// error report, named by `procedure`: Retry runs it again, Ignore goes on,
+// Abort ends the program. No exception leaves it.
+template <class Step>
+void RunTrapped(const char* procedure, Step&& step)
+{
+    ErrorTrap trap("frmChatTools", procedure);
+    trap.Run([&] {
+        try {
+            step();
+        } catch (const RuntimeError&) {
+            throw;
+        } catch (const std::exception& e) {
+            throw RuntimeError(0, e.what());
+        }
+    });
+}

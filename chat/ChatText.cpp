@@ -6,9 +6,6 @@
 
 namespace {
 
-constexpr unsigned kWmClose = 0x0010;
-constexpr unsigned kWmCommand = 0x0111;
-
 struct CommandEntry {
     const char* word;
     ChatCommand command;
@@ -139,20 +136,20 @@ MenuCommand MenuCommandFor(long id)
     return MenuCommand::None;
 }
 
-MenuHookAction DecideMenuMessage(unsigned message, std::uintptr_t wParam, bool aolClosing)
+MenuHookAction DecideMenuMessage(MenuHookMessage message, std::uintptr_t commandId, bool aolClosing)
 {
     MenuHookAction action;
-    if (message == kWmClose) {
+    if (message == MenuHookMessage::Close) {
         if (aolClosing) return action;
         action.swallow = action.post = true;
         action.value = kCloseBoxEvent;
-    } else if (message == kWmCommand) {
+    } else if (message == MenuHookMessage::Command) {
         action.post = true;
-        if (wParam == static_cast<std::uintptr_t>(kAOLExitCommand)) {
+        if (commandId == static_cast<std::uintptr_t>(kAOLExitCommand)) {
             action.swallow = action.setClosing = true;
             action.value = kExitCommandEvent;
         } else {
-            action.value = static_cast<long>(wParam);
+            action.value = static_cast<long>(commandId);
         }
     }
     return action;

@@ -1,6 +1,7 @@
 // The chat fader's fixed words and decisions, apart from any window: the chat
 // command words, what a sent line becomes, when the input line is full, the
-// advertisement's five lines and the commands of the program's AOL menu.
+// advertisement's five lines, the commands of the program's AOL menu, and the
+// names by which other programs find the running chat session.
 #pragma once
 
 #include <cstdint>
@@ -13,6 +14,13 @@ namespace Maker {
 inline constexpr char EMail[] = "prismo@zunsoftware.com";
 inline constexpr char WebSite[] = "http://www.zunsoftware.com";
 }  // namespace Maker
+
+// The chat session's hidden window (its class name) and the registered
+// message it answers with the number of watcher ticks done so far, so that a
+// program beside Prismo can wait for the watcher's next look at AOL.
+inline constexpr char kChatSessionClass[] = "PrismoChatSession";
+inline constexpr char kChatSessionCaption[] = "Prismo Chat Session";
+inline constexpr char kWatcherTicksMessage[] = "Prismo.WatcherTicks";
 
 // ---- Chat commands ("/" + word typed into the chat input) ----
 
@@ -89,10 +97,18 @@ MenuCommand MenuCommandFor(long id);
 
 // AOL's exit command on its File menu.
 inline constexpr long kAOLExitCommand = 8207;
-// The delayed values that mean "AOL is closing": its close box (WM_CLOSE) and
-// its exit command (WM_COMMAND).
-inline constexpr long kCloseBoxEvent = 0x0010;
-inline constexpr long kExitCommandEvent = 0x0111;
+// The delayed values that mean "AOL is closing": its close box and its exit
+// command. Below zero, so that no menu command's id is taken for them.
+inline constexpr long kCloseBoxEvent = -1;
+inline constexpr long kExitCommandEvent = -2;
+
+// The messages on AOL's main window the menu hook tells apart, as the window
+// side names them to this file.
+enum class MenuHookMessage {
+    Close,    // the close box, or a close sent to the window
+    Command,  // a menu or accelerator command; its id comes with it
+    Other,
+};
 
 // What the menu hook does with a message on AOL's main window.
 struct MenuHookAction {
@@ -101,7 +117,7 @@ struct MenuHookAction {
     long value = 0;
     bool setClosing = false;  // AOL's own exit command: let the next close through
 };
-MenuHookAction DecideMenuMessage(unsigned message, std::uintptr_t wParam, bool aolClosing);
+MenuHookAction DecideMenuMessage(MenuHookMessage message, std::uintptr_t commandId, bool aolClosing);
 // Does a delayed value close AOL (and so unhook the program)?
 bool IsClosingEvent(long value);
 

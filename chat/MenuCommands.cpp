@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "ChatHooks.h"
+#include "ChatSession.h"
 #include "ChatText.h"
 #include "Form.h"
 #include "frmChatTools.h"
@@ -13,9 +14,9 @@
 
 namespace {
 
-ProgramWindowObserver& Observer()
+ProgramWindowObserver*& Observer()
 {
-    static ProgramWindowObserver observer;
+    static ProgramWindowObserver* observer = nullptr;
     return observer;
 }
 
@@ -28,14 +29,11 @@ bool OpenHelp(const std::string& topic)
 
 }  // namespace
 
-void SetProgramWindowObserver(ProgramWindowObserver observer)
-{
-    Observer() = std::move(observer);
-}
+void SetProgramWindowObserver(ProgramWindowObserver* observer) { Observer() = observer; }
 
 bool OpenProgramWindow(const ProgramWindowRequest& request)
 {
-    if (Observer() && Observer()(request)) return true;
+    if (Observer() && Observer()->Intercept(request)) return true;
     switch (request.which) {
     case ProgramWindow::Help:
         return OpenHelp(request.text);
@@ -53,18 +51,18 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
     return false;
 }
 
-void RunMenuCommand(frmChatTools& panel, MenuCommand command)
+void ChatSession::RunMenuCommand(MenuCommand command)
 {
     switch (command) {
     case MenuCommand::ControlPanel:
         ChatRoomWindow = FindChatRoom(AOLMDIClient, "AOL Child");
-        panel.ShowPanel();
+        panel_.ShowPanel();
         break;
     case MenuCommand::Options:
         OpenProgramWindow({ProgramWindow::Options, ""});
         break;
     case MenuCommand::Advertise:
-        panel.Advertise();
+        Advertise();
         break;
     case MenuCommand::Wizard:
         OpenProgramWindow({ProgramWindow::Wizard, ""});
@@ -77,7 +75,7 @@ void RunMenuCommand(frmChatTools& panel, MenuCommand command)
         break;
     case MenuCommand::Exit:
         RemoveMenuFromAOL();
-        panel.sbcMenu.Attach(nullptr, {});
+        Stop();
         UnloadAllForms();
         break;
     case MenuCommand::HelpContents:

@@ -4,10 +4,10 @@
 #include <windows.h>
 
 #include "ChatHooks.h"
+#include "ChatSession.h"
 #include "ChatText.h"
 #include "ErrorTrap.h"
-#include "Form.h"
-#include "frmChatTools.h"
+#include "Options.h"
 #include "modAOLFunctions.h"
 #include "modFade.h"
 
@@ -32,27 +32,6 @@ void PutFadedLine(HWND input, std::string line)
     TextToChat(line, 0);
 }
 
-// Giving the chat input the keyboard brings AOL to the front; the panel
-// stays above it.
-void KeepPanelInFront(frmChatTools& panel)
-{
-    if (panel.Visible()) FormOnTop(panel);
-}
-
-void RunChatHookEvent(frmChatTools& panel, LONG_PTR value)
-{
-    if (value == kShowInput) {
-        ShowChatInput(panel.sbcChatEdit.Window());
-        KeepPanelInFront(panel);
-        return;
-    }
-    const bool fromClick = value == kRunClickCommand;
-    if (fromClick && !panel.CommandPending) return;
-    const std::string command = panel.PendingCommand;
-    panel.ActivateCommand(command);
-    if (fromClick) panel.CommandPending = false;
-}
-
 }  // namespace
 
 std::string ReadChatLine(HWND input)
@@ -70,18 +49,26 @@ void ShowChatInput(HWND input)
     if (input && IsWindow(input) && !IsWindowVisible(input)) ShowWindow(input, SW_SHOWNA);
 }
 
-void WireChatHooks(frmChatTools& panel)
+// The send hooks' delayed part: a command runs once AOL has finished with the
+// key or click, and after a click the hidden input comes back on view. Giving
+// the input the keyboard brings AOL to the front; the panel stays above it.
+void ChatSession::SendHook_DelayedEvent(LONG_PTR value)
 {
-    auto delayed = [&panel](LONG_PTR value) {
-        ErrorTrap::Ignoring([&] { RunChatHookEvent(panel, value); });
-    };
-    panel.sbcChatEdit.DelayedEvent = delayed;
-    panel.sbcSendIcon.DelayedEvent = delayed;
+    if (value == kShowInput) {
+        ShowChatInput(sbcChatEdit.Window());
+        panel_.KeepInFront();
+        return;
+    }
+    const bool fromClick = value == kRunClickCommand;
+    if (fromClick && !CommandPending) return;
+    const std::string command = PendingCommand;
+    ActivateCommand(command);
+    if (fromClick) CommandPending = false;
 }
 
 // Runs before the chat input sees each character. Errors are ignored step by
 // step: a failing step never keeps a key from AOL.
-void frmChatTools::sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM,
+void ChatSession::sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM,
                                            LRESULT& result, bool& noDefault)
 {
     if (message != WM_CHAR || SendingEnter) return;
@@ -112,23 +99,28 @@ void frmChatTools::sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wPa
     case SendAction::Fade:
         noDefault = true;
         result = 0;
-        ErrorTrap::Ignoring([&] { PutFadedLine(window, line); });
-        // Our own Enter must pass this hook untouched; nothing between
-        // setting and clearing the flag lets the user type.
-        SendingEnter = true;
-        ErrorTrap::Ignoring([&] { SendMessageA(window, WM_CHAR, 13, 0); });
-        SendingEnter = false;
-        ErrorTrap::Ignoring([&] {
-            ShowChatInput(window);
-            KeepPanelInFront(*this);
-        });
+        SendFadedLine(window, line);
         return;
     }
 }
 
+void ChatSession::SendFadedLine(HWND input, const std::string& line)
+{
+    ErrorTrap::Ignoring([&] { PutFadedLine(input, line); });
+    // Our own Enter must pass the hook untouched; nothing between setting
+    // and clearing the flag lets the user type.
+    SendingEnter = true;
+    ErrorTrap::Ignoring([&] { SendMessageA(input, WM_CHAR, 13, 0); });
+    SendingEnter = false;
+    ErrorTrap::Ignoring([&] {
+        ShowChatInput(input);
+        panel_.KeepInFront();
+    });
+}
+
 // Runs before the send icon sees the mouse button. AOL sends on the click, so
 // the faded line put in at button-down is what goes out.
-void frmChatTools::sbcSendIcon_WndMessageX(HWND, UINT message, WPARAM, LPARAM, LRESULT&, bool&)
+void ChatSession::sbcSendIcon_WndMessageX(HWND, UINT message, WPARAM, LPARAM, LRESULT&, bool&)
 {
     ErrorTrap trap("frmChatTools", "sbcSendIcon_WndMessageX");
     HWND input = sbcChatEdit.Window();

@@ -1,16 +1,17 @@
 // The chat room watcher and the hook on AOL's main window: the send hooks
 // follow the open chat room, the panel comes and goes with it, the e-mail
 // toolbar with mail windows, screen names are read once per sign-on, and the
-// program detaches itself and ends when AOL closes or vanishes.
+// session ends, and the program with it, when AOL closes or vanishes.
 #include <windows.h>
 
 #include "AOLState.h"
 #include "AOLText.h"
 #include "ChatHooks.h"
+#include "ChatSession.h"
 #include "ChatText.h"
 #include "ErrorTrap.h"
 #include "Form.h"
-#include "frmChatTools.h"
+#include "Options.h"
 #include "modAOLFunctions.h"
 #include "modAOLMenu.h"
 #include "modFindChild.h"
@@ -35,7 +36,20 @@ HWND FindMailBeingWritten()
 
 }  // namespace
 
-void frmChatTools::Timer1_Timer()
+void ChatSession::Timer1_Timer()
+{
+    FollowChatRoom();
+    if (Options.ShowEFToolbar) FollowMailWindows();
+    FollowSignOn();
+    // AOL is gone without telling us: the program ends with it.
+    if (!FindWindowA("AOL FRAME25", nullptr)) {
+        Stop();
+        UnloadAllForms();
+    }
+}
+
+// The send hooks follow the open chat room; the panel comes and goes with it.
+void ChatSession::FollowChatRoom()
 {
     HWND room = nullptr, input = nullptr;
     ErrorTrap::Ignoring([&] {
@@ -44,15 +58,12 @@ void frmChatTools::Timer1_Timer()
     });
     if (input != ChatInputWindow) ChatHooked = false;
     if (!room) {
+        ErrorTrap::Ignoring([&] { DetachChatHooks(); });
         ChatHooked = false;
-        ErrorTrap::Ignoring([&] {
-            sbcChatEdit.Attach(nullptr, {});
-            sbcSendIcon.Attach(nullptr, {});
-        });
         ChatInputWindow = nullptr;
         if (PanelShownForChat) {
             PanelShownForChat = false;
-            ErrorTrap::Ignoring([&] { HidePanel(); });
+            ErrorTrap::Ignoring([&] { panel_.HidePanel(); });
         }
     } else if (!ChatHooked) {
         ChatInputWindow = input;
@@ -63,32 +74,37 @@ void frmChatTools::Timer1_Timer()
         });
         if (Options.ShowFadePanelWithChat && !PanelShownForChat) {
             PanelShownForChat = true;
-            ErrorTrap::Ignoring([&] { ShowPanel(); });
+            ErrorTrap::Ignoring([&] { panel_.ShowPanel(); });
             ChatRoomWindow = room;
         }
         ErrorTrap::Ignoring([&] {
-            WireChatHooks(*this);
             sbcChatEdit.Attach(input, {WM_CHAR});
             sbcSendIcon.Attach(send, {WM_LBUTTONDOWN, WM_LBUTTONUP});
         });
         ChatHooked = true;
     }
+}
 
-    if (Options.ShowEFToolbar) {
-        HWND mail = nullptr;
-        ErrorTrap::Ignoring([&] { mail = FindMailBeingWritten(); });
-        if (!mail) {
-            EFadeShown = false;
-            ErrorTrap::Ignoring([&] { OpenProgramWindow({ProgramWindow::EMailToolbarUnload, ""}); });
-            EMailWindow = nullptr;
-        } else if (!EFadeShown) {
-            EMailWindow = mail;
-            ErrorTrap::Ignoring([&] { OpenProgramWindow({ProgramWindow::EMailToolbar, ""}); });
-            EFadeShown = true;
-            ErrorTrap::Ignoring([&] { SetFocus(mail); });
-        }
+// The e-mail fader's toolbar stands beside a mail being written.
+void ChatSession::FollowMailWindows()
+{
+    HWND mail = nullptr;
+    ErrorTrap::Ignoring([&] { mail = FindMailBeingWritten(); });
+    if (!mail) {
+        EFadeShown = false;
+        ErrorTrap::Ignoring([&] { OpenProgramWindow({ProgramWindow::EMailToolbarUnload, ""}); });
+        EMailWindow = nullptr;
+    } else if (!EFadeShown) {
+        EMailWindow = mail;
+        ErrorTrap::Ignoring([&] { OpenProgramWindow({ProgramWindow::EMailToolbar, ""}); });
+        EFadeShown = true;
+        ErrorTrap::Ignoring([&] { SetFocus(mail); });
     }
+}
 
+// Screen names are read once per sign-on.
+void ChatSession::FollowSignOn()
+{
     bool online = false;
     ErrorTrap::Ignoring([&] { online = IsAOLOnline(false); });
     if (online && !SignedOnSeen) {
@@ -100,15 +116,15 @@ void frmChatTools::Timer1_Timer()
     } else if (!online && SignedOnSeen) {
         SignedOnSeen = false;
     }
-
-    // AOL is gone without telling us: the program ends with it.
-    if (!FindWindowA("AOL FRAME25", nullptr)) UnloadAllForms();
 }
 
-void frmChatTools::sbcMenu_WndMessageX(HWND, UINT message, WPARAM wParam, LPARAM, LRESULT& result,
+void ChatSession::sbcMenu_WndMessageX(HWND, UINT message, WPARAM wParam, LPARAM, LRESULT& result,
                                        bool& noDefault)
 {
-    const MenuHookAction action = DecideMenuMessage(message, wParam, AOLClosing);
+    const MenuHookMessage which = message == WM_CLOSE     ? MenuHookMessage::Close
+                                  : message == WM_COMMAND ? MenuHookMessage::Command
+                                                          : MenuHookMessage::Other;
+    const MenuHookAction action = DecideMenuMessage(which, wParam, AOLClosing);
     if (action.setClosing) AOLClosing = true;
     if (action.swallow) {
         noDefault = true;
@@ -118,7 +134,7 @@ void frmChatTools::sbcMenu_WndMessageX(HWND, UINT message, WPARAM wParam, LPARAM
     if (action.post) sbcMenu.PostDelayedEvent(action.value);
 }
 
-void frmChatTools::sbcMenu_DelayedEvent(LONG_PTR value)
+void ChatSession::sbcMenu_DelayedEvent(LONG_PTR value)
 {
     ErrorTrap trap("frmChatTools", "sbcMenu_DelayedEvent");
     if (IsClosingEvent(static_cast<long>(value))) {
@@ -126,21 +142,16 @@ void frmChatTools::sbcMenu_DelayedEvent(LONG_PTR value)
         return;
     }
     const MenuCommand command = MenuCommandFor(static_cast<long>(value));
-    if (command != MenuCommand::None) trap.Run([&] { RunMenuCommand(*this, command); });
+    if (command != MenuCommand::None) trap.Run([&] { RunMenuCommand(command); });
 }
 
 // Takes the program out of AOL and lets AOL's close go on: the menu goes, the
 // hooks come off, the windows unload, and AOL gets its WM_CLOSE unhooked.
-void frmChatTools::UnhookPrismo()
+void ChatSession::UnhookPrismo()
 {
     ErrorTrap::Ignoring([&] { RemoveMenuFromAOL(); });
     ErrorTrap::Ignoring([&] { Pause(500); });
-    ErrorTrap::Ignoring([&] {
-        sbcChatEdit.Attach(nullptr, {});
-        sbcMenu.Attach(nullptr, {});
-        sbcSendIcon.Attach(nullptr, {});
-    });
-    ChatHooked = false;
+    Stop();
     ErrorTrap::Ignoring([&] { UnloadAllForms(); });
     ErrorTrap::Ignoring([&] { Pause(1000); });
     if (AOLWindow && IsWindow(AOLWindow)) SendMessageA(AOLWindow, WM_CLOSE, 0, 0);

@@ -18,15 +18,10 @@
 #include "RegKey.h"
 #include "resource.h"
 
-bool PanelShownForChat = false;
-bool AOLClosing = false;
-HWND EMailWindow = nullptr;
-
 namespace {
 
 constexpr long kCollapsedHeight = 705;  // twips
 constexpr long kExpandedHeight = 990;
-constexpr UINT_PTR kTimer1 = 1;
 
 // The panel's layout in pixels: two rows always shown, a third when expanded.
 constexpr int kClientWidth = 506;
@@ -49,6 +44,12 @@ frmChatTools& ChatTools()
 {
     static frmChatTools panel;
     return panel;
+}
+
+ChatSession& TheChatSession()
+{
+    static ChatSession session(ChatTools());
+    return session;
 }
 
 frmChatTools::frmChatTools() : Form("frmChatTools", IDD_CHATTOOLS) {}
@@ -113,20 +114,6 @@ void frmChatTools::OnLoad()
         }
         Loading = true;
     });
-    // The hooks call the handlers of this panel; the menu hook sits on AOL from now on.
-    sbcChatEdit.WndMessageX = [this](HWND w, UINT m, WPARAM wp, LPARAM lp, LRESULT& r, bool& nd) {
-        sbcChatEdit_WndMessageX(w, m, wp, lp, r, nd);
-    };
-    sbcSendIcon.WndMessageX = [this](HWND w, UINT m, WPARAM wp, LPARAM lp, LRESULT& r, bool& nd) {
-        sbcSendIcon_WndMessageX(w, m, wp, lp, r, nd);
-    };
-    sbcMenu.WndMessageX = [this](HWND w, UINT m, WPARAM wp, LPARAM lp, LRESULT& r, bool& nd) {
-        sbcMenu_WndMessageX(w, m, wp, lp, r, nd);
-    };
-    sbcMenu.DelayedEvent = [this](LONG_PTR value) { sbcMenu_DelayedEvent(value); };
-    ErrorTrap::Ignoring([&] {
-        if (AOLWindow) sbcMenu.Attach(AOLWindow, {WM_CLOSE, WM_COMMAND});
-    });
     ErrorTrap::Ignoring([&] { ApplyState(ReadSetting(Setting::PanelState) == "Max"); });
     ErrorTrap::Ignoring([&] {
         const auto top = ToLong(ReadSetting(Setting::PanelTop));
@@ -158,23 +145,13 @@ void frmChatTools::OnLoad()
         SetOptState();
     });
     if (AOLWindow) SetWindowLongPtrA(hwnd(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(AOLWindow));
-    StartTimer();
     FocusChatRoom();
     Loading = false;
 }
 
 void frmChatTools::OnUnload()
 {
-    StopTimer();
     toolTip_ = nullptr;  // destroyed with the panel it belongs to
-    PanelShownForChat = false;
-}
-
-void frmChatTools::StartTimer() { SetTimer(hwnd(), kTimer1, 1000, nullptr); }
-
-void frmChatTools::StopTimer()
-{
-    if (hwnd()) KillTimer(hwnd(), kTimer1);
 }
 
 void frmChatTools::ShowPanel()
@@ -184,6 +161,11 @@ void frmChatTools::ShowPanel()
 }
 
 void frmChatTools::HidePanel() { Hide(); }
+
+void frmChatTools::KeepInFront()
+{
+    if (Visible()) FormOnTop(*this);
+}
 
 void frmChatTools::FocusChatRoom()
 {
@@ -525,14 +507,4 @@ void frmChatTools::OnCommand(int id, int code, HWND)
     case IDC_CT_EXIT: return cmdExit_Click();
     default: return;
     }
-}
-
-bool frmChatTools::OnMessage(UINT msg, WPARAM wp, LPARAM, LRESULT& result)
-{
-    if (msg == WM_TIMER && wp == kTimer1) {
-        ErrorTrap::Ignoring([&] { Timer1_Timer(); });
-        result = 0;
-        return true;
-    }
-    return false;
 }

@@ -1,6 +1,7 @@
 // frmChatTools: the control panel that stands beside the chat room. It shows
-// the working fade as a live preview, lets the user change it, keeps the list
-// of stored Fade Schemes, and owns the chat hooks and the watcher timer.
+// the working fade as a live preview, lets the user change it, and keeps the
+// list of stored Fade Schemes. The chat session works through it as a
+// ChatPanel; the hooks and the watcher live in the session, not here.
 #pragma once
 
 #include <windows.h>
@@ -9,9 +10,9 @@
 #include <string>
 
 #include "Catalog.h"
+#include "ChatSession.h"
 #include "Form.h"
 #include "Options.h"
-#include "SubClass.h"
 #include "modZunBtns.h"
 
 // The preview strip: a child window painted by the panel.
@@ -25,7 +26,7 @@ private:
     HWND hwnd_ = nullptr;
 };
 
-class frmChatTools : public Form {
+class frmChatTools : public Form, public ChatPanel {
 public:
     frmChatTools();
     ~frmChatTools() override;
@@ -33,14 +34,6 @@ public:
     // --- State of the panel ---
     bool Loading = false;                // true while the panel loads: no preview, no focus moves
     std::int16_t PanelFadeNumber = 1;    // the fade number the panel shows, 1 to 6
-    bool ChatHooked = false;             // the chat input hooks sit on the current room
-    bool SendingEnter = false;           // our own Enter is on its way to the chat input
-    bool AdvertFaderWasOn = false;       // the fader's state before an advertisement
-    bool CommandPending = false;         // a "/" command waits for the send icon's button-up
-    std::string PendingCommand;
-    HWND ChatInputWindow = nullptr;      // the chat input the hooks were attached to
-    bool EFadeShown = false;             // the e-mail fader toolbar is up for a mail window
-    bool SignedOnSeen = false;           // sign-on state and screen name taken in
 
     // --- Controls ---
     HWND cboSchemes = nullptr;
@@ -55,17 +48,15 @@ public:
     HWND Line1 = nullptr;
     std::string cmdMinToolTip;           // "Show Options" or "Close Options"
 
-    // The three hooks: AOL's chat input, its send icon, its main window.
-    SubClass sbcChatEdit, sbcSendIcon, sbcMenu;
-
     // --- The panel's own routines ---
     void GetSchemes();
     void SetOptState();
     void FadeNumber();
-    void FadeOn();   // as a click on optOn
-    void FadeOff();  // as a click on optOff
-    void ShowPanel();
-    void HidePanel();
+    void FadeOn() override;   // as a click on optOn
+    void FadeOff() override;  // as a click on optOff
+    void ShowPanel() override;
+    void HidePanel() override;
+    void KeepInFront() override;
     // Hands the keyboard focus back to the chat room the user types in.
     void FocusChatRoom();
     // Moves the keyboard to `target` of another thread, or only looks; true when it is there.
@@ -94,25 +85,10 @@ public:
     void Fade1Preview(const ColorValue& color);  // one colour: the strip's background
     void picPreview_MouseDown();
 
-    // --- The chat hooks, commands and watcher (their own source files) ---
-    void sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                 LRESULT& result, bool& noDefault);
-    void sbcSendIcon_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                 LRESULT& result, bool& noDefault);
-    void sbcMenu_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                             LRESULT& result, bool& noDefault);
-    void sbcMenu_DelayedEvent(LONG_PTR value);
-    void Timer1_Timer();
-    void ActivateCommand(const std::string& command);
-    void Advertise();
-    void EnableMultiline(HWND inputBox, int character, long lineLength);
-    void UnhookPrismo();
-
 protected:
     void OnLoad() override;
     void OnUnload() override;
     void OnCommand(int id, int code, HWND control) override;
-    bool OnMessage(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result) override;
 
 private:
     void CreateControls();
@@ -122,16 +98,11 @@ private:
     void SelectScheme(const std::string& name);
     std::string SchemeText() const;
     void SetMinToolTip(const std::string& text);
-    void StartTimer();
-    void StopTimer();
 
     HWND toolTip_ = nullptr;
 };
 
 // The program's one control panel.
 frmChatTools& ChatTools();
-
-// Shared flags of the chat fader (defined with the panel, in frmChatTools.cpp).
-extern bool PanelShownForChat;  // the watcher showed the panel for the open room
-extern bool AOLClosing;         // AOL's exit command was seen; the program is ending
-extern HWND EMailWindow;        // the mail being written that the e-mail fader works on
+// The program's one chat session, working with that panel.
+ChatSession& TheChatSession();

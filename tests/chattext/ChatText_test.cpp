@@ -145,18 +145,18 @@ TEST(Advertisement, WaveLineIsTheMirroredWaveInAnsiBytes)
 
 TEST(MenuHook, CloseAndExitAreHeldBackUntilThePanelHasUnhooked)
 {
-    MenuHookAction close = DecideMenuMessage(0x0010, 0, false);
+    MenuHookAction close = DecideMenuMessage(MenuHookMessage::Close, 0, false);
     EXPECT_TRUE(close.swallow);
     EXPECT_TRUE(close.post);
     EXPECT_TRUE(IsClosingEvent(close.value));
     EXPECT_FALSE(close.setClosing);
 
     // Once AOL's exit command was seen, the next close goes straight through.
-    MenuHookAction again = DecideMenuMessage(0x0010, 0, true);
+    MenuHookAction again = DecideMenuMessage(MenuHookMessage::Close, 0, true);
     EXPECT_FALSE(again.swallow);
     EXPECT_FALSE(again.post);
 
-    MenuHookAction exitCommand = DecideMenuMessage(0x0111, 8207, false);
+    MenuHookAction exitCommand = DecideMenuMessage(MenuHookMessage::Command, 8207, false);
     EXPECT_TRUE(exitCommand.swallow);
     EXPECT_TRUE(exitCommand.setClosing);
     EXPECT_TRUE(IsClosingEvent(exitCommand.value));
@@ -164,14 +164,15 @@ TEST(MenuHook, CloseAndExitAreHeldBackUntilThePanelHasUnhooked)
 
 TEST(MenuHook, OtherCommandsPassAndComeBackAsTheirId)
 {
-    for (long id : {60000L, 60005L, 62002L, 20004L}) {
-        MenuHookAction action = DecideMenuMessage(0x0111, static_cast<std::uintptr_t>(id), false);
+    // 16 and 273 are ordinary ids too: no command id is ever taken for AOL closing.
+    for (long id : {60000L, 60005L, 62002L, 20004L, 16L, 273L}) {
+        MenuHookAction action = DecideMenuMessage(MenuHookMessage::Command, static_cast<std::uintptr_t>(id), false);
         EXPECT_FALSE(action.swallow);
         EXPECT_TRUE(action.post);
         EXPECT_EQ(action.value, id);
         EXPECT_FALSE(IsClosingEvent(action.value));
     }
-    EXPECT_FALSE(DecideMenuMessage(0x0100, 13, false).post);
+    EXPECT_FALSE(DecideMenuMessage(MenuHookMessage::Other, 13, false).post);
     EXPECT_EQ(MenuCommandFor(60005), MenuCommand::Exit);
     EXPECT_EQ(MenuCommandFor(60006), MenuCommand::Updates);
     EXPECT_EQ(MenuCommandFor(62001), MenuCommand::HelpSearch);

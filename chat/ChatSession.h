@@ -1,0 +1,109 @@
+// The chat session: everything the program does inside AOL for its whole run.
+// It owns the three hooks (AOL's chat input, its send icon, its main window),
+// the watcher that follows the chat room once a second, the chat commands,
+// the advertisement and the program's AOL menu commands. It lives apart from
+// the control panel, on a hidden window of its own, so that the panel's window
+// can be rebuilt without dropping a hook, an advertisement or a multiline send.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <type_traits>
+
+#include "ChatText.h"
+#include "SubClass.h"
+
+// What the session asks of the control panel, and nothing more.
+class ChatPanel {
+public:
+    virtual ~ChatPanel() = default;
+    // Shows the panel above AOL (loading it first when needed).
+    virtual void ShowPanel() = 0;
+    // Hides the panel; it stays loaded.
+    virtual void HidePanel() = 0;
+    // Switches the fader on as a click on the panel's On does.
+    virtual void FadeOn() = 0;
+    // Switches the fader off as a click on the panel's Off does.
+    virtual void FadeOff() = 0;
+    // Puts the panel back above AOL when it is on view; a hidden panel stays hidden.
+    virtual void KeepInFront() = 0;
+};
+
+class ChatSession {
+public:
+    explicit ChatSession(ChatPanel& panel);
+    ~ChatSession();
+    ChatSession(const ChatSession&) = delete;
+    ChatSession& operator=(const ChatSession&) = delete;
+
+    // Makes the hidden window, hooks AOL's main window and starts the watcher; a second call does nothing.
+    void Start();
+    // Stops the watcher and takes every hook off AOL; safe when never started.
+    void Stop();
+    // True from Start until Stop (or the end the watcher sees when AOL is gone).
+    bool Running() const;
+    // The watcher ticks finished since the program started.
+    long WatcherTicks() const { return ticks_; }
+    // The chat input the send hooks sit on; 0 outside a chat room.
+    HWND ChatInput() const { return sbcChatEdit.Window(); }
+
+    // One look at AOL: follows the chat room, mail windows, sign-on and AOL itself.
+    void Timer1_Timer();
+    // Carries out a chat command typed as "/" + `command`.
+    void ActivateCommand(const std::string& command);
+    // Posts the five-line advertisement into the open chat room.
+    void Advertise();
+    // Moves the first `lineLength` characters of `inputBox`, and `character` unless 0, into the multiline window.
+    void EnableMultiline(HWND inputBox, int character, long lineLength);
+    // Carries out one command of the program's menu in AOL's menu bar.
+    void RunMenuCommand(MenuCommand command);
+    // Takes the program out of AOL, ends it, and lets AOL's close go on.
+    void UnhookPrismo();
+
+private:
+    struct WindowCloser {
+        void operator()(HWND window) const;
+    };
+    using OwnedWindow = std::unique_ptr<std::remove_pointer_t<HWND>, WindowCloser>;
+
+    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    void Tick();
+    void WireHooks();
+    void FollowChatRoom();
+    void FollowMailWindows();
+    void FollowSignOn();
+    void DetachChatHooks();
+
+    // The send hooks (SendHooks.cpp).
+    void sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result,
+                                 bool& noDefault);
+    void sbcSendIcon_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result,
+                                 bool& noDefault);
+    void SendHook_DelayedEvent(LONG_PTR value);
+    void SendFadedLine(HWND input, const std::string& line);
+    // The hook on AOL's main window (Watcher.cpp).
+    void sbcMenu_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result,
+                             bool& noDefault);
+    void sbcMenu_DelayedEvent(LONG_PTR value);
+
+    ChatPanel& panel_;
+    OwnedWindow window_;
+    long ticks_ = 0;
+
+    SubClass sbcChatEdit, sbcSendIcon, sbcMenu;
+    bool ChatHooked = false;           // the chat input hooks sit on the current room
+    bool SendingEnter = false;         // our own Enter is on its way to the chat input
+    bool AdvertFaderWasOn = false;     // the fader's state before an advertisement
+    bool CommandPending = false;       // a "/" command waits for the send icon's button-up
+    std::string PendingCommand;        // that command, without its slash
+    HWND ChatInputWindow = nullptr;    // the chat input the hooks were attached to
+    bool EFadeShown = false;           // the e-mail fader toolbar is up for a mail window
+    bool SignedOnSeen = false;         // sign-on state and screen name taken in
+    bool PanelShownForChat = false;    // the watcher showed the panel for the open room
+};
+
+// Shared flags of the chat fader.
+extern bool AOLClosing;   // AOL's exit command was seen; the program is ending
+extern HWND EMailWindow;  // the mail being written that the e-mail fader works on
