@@ -2,7 +2,7 @@
 // painted from the colour buttons, and a handle to drag the panel by.
 #include "frmChatTools.h"
 
-#include "ErrorTrap.h"
+#include "ChatHooks.h"
 #include "PreviewRanges.h"
 #include "WindowSurface.h"
 #include "modRegKeys.h"
@@ -16,40 +16,31 @@ frmChatTools* PanelOf(HWND strip)
     return reinterpret_cast<frmChatTools*>(GetWindowLongPtrA(strip, GWLP_USERDATA));
 }
 
+// Painting and dragging report their errors under their own routine's name.
 LRESULT CALLBACK StripProc(HWND strip, UINT msg, WPARAM wp, LPARAM lp)
 {
     frmChatTools* panel = PanelOf(strip);
-    try {
-        switch (msg) {
-        case WM_ERASEBKGND:
-            // The band covers the strip; only one colour shows the background.
+    switch (msg) {
+    case WM_ERASEBKGND:
+        // The band covers the strip; only one colour shows the background.
+        RunTrapped("picPreview_Paint", [&] {
             if (panel && panel->PanelFadeNumber == 1 && !panel->Loading)
                 WindowSurface(strip).Fill(panel->picPreview.BackColor);
-            return 1;
-        case WM_PAINT: {
-            PAINTSTRUCT ps;
-            BeginPaint(strip, &ps);
-            EndPaint(strip, &ps);
-            if (panel) panel->picPreview_Paint();
-            return 0;
-        }
-        case WM_LBUTTONDOWN:
-            if (panel) panel->picPreview_MouseDown();
-            return 0;
-        default:
-            break;
-        }
-    } catch (const RuntimeError& e) {
-        ErrorReport r;
-        r.title = "Prismo";
-        r.module = "frmChatTools";
-        r.procedure = "picPreview_Paint";
-        r.number = std::to_string(e.number);
-        r.description = e.what();
-        ReportError(r);
+        });
+        return 1;
+    case WM_PAINT: {
+        PAINTSTRUCT ps;
+        BeginPaint(strip, &ps);
+        EndPaint(strip, &ps);
+        if (panel) RunTrapped("picPreview_Paint", [&] { panel->picPreview_Paint(); });
         return 0;
     }
-    return DefWindowProcA(strip, msg, wp, lp);
+    case WM_LBUTTONDOWN:
+        if (panel) RunTrapped("picPreview_MouseDown", [&] { panel->picPreview_MouseDown(); });
+        return 0;
+    default:
+        return DefWindowProcA(strip, msg, wp, lp);
+    }
 }
 
 }  // namespace
