@@ -3,7 +3,6 @@
 #include "Form.h"
 
 #include <algorithm>
-#include <exception>
 
 #include "ErrorTrap.h"
 #include "FormPlacement.h"
@@ -193,20 +192,6 @@ bool Form::Dispatch(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result)
     return OnMessage(msg, wp, lp, result);
 }
 
-void Form::ReportFailure(const char* what, int number)
-{
-    ErrorReport r;
-    r.title = "Prismo";
-    r.module = name_;
-    r.procedure = "WindowProc";
-    r.number = std::to_string(number);
-    r.description = what;
-    if (ReportError(r) == AnswerAbort) {
-        UnloadAllForms();
-        ExitProcess(0);
-    }
-}
-
 // No exception leaves a window procedure: each is handed to the error report.
 INT_PTR CALLBACK Form::DialogProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
 {
@@ -225,10 +210,9 @@ INT_PTR CALLBACK Form::DialogProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
         // These messages return their answer directly, not through DWLP_MSGRESULT.
         if (msg == WM_CTLCOLORDLG || msg == WM_CTLCOLORSTATIC || msg == WM_CTLCOLORBTN) return result;
         return TRUE;
-    } catch (const RuntimeError& e) {
-        form->ReportFailure(e.what(), e.number);
-    } catch (const std::exception& e) {
-        form->ReportFailure(e.what(), 0);
+    } catch (...) {
+        const std::string module = form->name_;  // the report may outlive the form
+        ReportCaughtError(module, "DialogProc");
     }
     return TRUE;
 }
@@ -249,11 +233,9 @@ LRESULT CALLBACK Form::WindowProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
         }
         LRESULT result = 0;
         if (form->hwnd_ && form->Dispatch(msg, wp, lp, result)) return result;
-    } catch (const RuntimeError& e) {
-        form->ReportFailure(e.what(), e.number);
-        return 0;
-    } catch (const std::exception& e) {
-        form->ReportFailure(e.what(), 0);
+    } catch (...) {
+        const std::string module = form->name_;  // the report may outlive the form
+        ReportCaughtError(module, "WindowProc");
         return 0;
     }
     return DefWindowProcA(hwnd, msg, wp, lp);

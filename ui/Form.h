@@ -70,7 +70,6 @@ private:
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp);
     bool Dispatch(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result);
     bool Paint();
-    void ReportFailure(const char* what, int number);
 
     std::string name_;
     int templateId_;

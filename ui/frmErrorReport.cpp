@@ -65,12 +65,24 @@ int ShowErrorReport(const ErrorReport& report)
     return form.Answer;
 }
 
-void InstallErrorReport()
-{
-    SetErrorVersionText(VersionText());
-    SetErrorReporter(ShowErrorReport);
-    SetAbortHandler([] {
+namespace {
+
+// The program's reporter: the dialog, and Abort unloads every form and ends.
+class DialogReporter : public ErrorReporter {
+public:
+    int Report(const ErrorReport& report) override { return ShowErrorReport(report); }
+    void Abort() override
+    {
         UnloadAllForms();
         ExitProcess(0);
-    });
+    }
+};
+
+}  // namespace
+
+void InstallErrorReport()
+{
+    static DialogReporter reporter;
+    SetErrorVersionText(VersionText());
+    SetErrorReporter(&reporter);
 }

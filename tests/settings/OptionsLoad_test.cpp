@@ -10,11 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 namespace {
 
-class OptionsLoadTest : public ::testing::Test {
+class OptionsLoadTest : public ::testing::Test, public ErrorReporter {
 protected:
     void SetUp() override
     {
@@ -23,18 +24,16 @@ protected:
         reports.clear();
         aborted = false;
         answer = AnswerIgnore;
-        SetErrorReporter([this](const ErrorReport& r) {
-            reports.push_back(r);
-            if (onReport) onReport();
-            return answer;
-        });
-        SetAbortHandler([this] { aborted = true; });
+        SetErrorReporter(this);
     }
-    void TearDown() override
+    void TearDown() override { SetErrorReporter(nullptr); }
+    int Report(const ErrorReport& r) override
     {
-        SetErrorReporter({});
-        SetAbortHandler({});
+        reports.push_back(r);
+        if (onReport) onReport();
+        return answer;
     }
+    void Abort() override { aborted = true; }
 
     std::vector<ErrorReport> reports;
     bool aborted = false;
