@@ -31,7 +31,20 @@ RECT WindowRect(HWND hwnd)
 
 OwnerDrawn* OwnerDrawn::Of(HWND control) { return static_cast<OwnerDrawn*>(GetPropA(control, OwnerDrawnProp)); }
 
-void OwnerDrawn::AttachTo(HWND control) { SetPropA(control, OwnerDrawnProp, this); }
+OwnerDrawn::~OwnerDrawn() { Release(); }
+
+void OwnerDrawn::AttachTo(HWND control)
+{
+    Release();
+    if (control && SetPropA(control, OwnerDrawnProp, this)) control_ = control;
+}
+
+// A late WM_DRAWITEM for the control must not reach an object that is gone.
+void OwnerDrawn::Release()
+{
+    if (control_ && Of(control_) == this) RemovePropA(control_, OwnerDrawnProp);
+    control_ = nullptr;
+}
 
 Form::Form(std::string name, int templateId, int pixelWidth, int pixelHeight)
     : name_(std::move(name)), templateId_(templateId), pixelWidth_(pixelWidth), pixelHeight_(pixelHeight)

@@ -158,6 +158,12 @@ HWND ProgressBar::Create(HWND parent, int id, int x, int y, int width, int heigh
     return hwnd_;
 }
 
+ProgressBar::~ProgressBar()
+{
+    if (hwnd_ && IsWindow(hwnd_) && GetWindowLongPtrA(hwnd_, GWLP_USERDATA) == reinterpret_cast<LONG_PTR>(this))
+        SetWindowLongPtrA(hwnd_, GWLP_USERDATA, 0);
+}
+
 void ProgressBar::SetValue(int percent)
 {
     value_ = percent < 0 ? 0 : percent > 100 ? 100 : percent;
