@@ -125,7 +125,7 @@ TEST_F(SchemeFilesTest, ImportFollowsTheLineRules)
     for (const char* name : {"Caps", "Bare", "Over"}) UpdateFadeReg(work + "\\", name);
     EXPECT_TRUE(reports.empty());
 
-    SchemeTexts caps = ReadScheme("Caps");
+    SchemeTexts caps = ReadScheme(Registry(), "Caps");
     EXPECT_EQ(caps.fadeNumber, "2");
     EXPECT_EQ(caps.colors[0], "255");
     EXPECT_EQ(caps.bold, "True");
