@@ -133,7 +133,9 @@ TEST(Advertisement, WaveLineIsTheMirroredWaveInAnsiBytes)
         EXPECT_EQ(piece.first.find_first_not_of("0123456789abcdef"), std::string::npos)
             << piece.first;
         for (char c : piece.second)
-            if (static_cast<unsigned char>(c) >= 0x80) EXPECT_TRUE(allowedHigh.count(c)) << int(c);
+            if (static_cast<unsigned char>(c) >= 0x80) {
+                EXPECT_TRUE(allowedHigh.count(c)) << int(c);
+            }
     }
     // The two halves around the slogan carry the same characters mirrored
     // (pieces 1..18 against 37..20, the "*" beside the slogan counted once).
