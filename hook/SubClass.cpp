@@ -336,4 +336,3 @@ bool SbcMenuDelete(HWND window, unsigned position)
     const std::uint32_t value = position;
     return MenuRequest(window, sbc::OpMenuDelete, &value, sizeof value, nullptr);
 }
-

@@ -1,7 +1,10 @@
 // Owner-drawn buttons and progress bar, and colouring by interface mode.
 #include "modZunBtns.h"
 
+#include <optional>
+
 #include "AOLState.h"
+#include "ErrorTrap.h"
 #include "Options.h"
 #include "modRegKeys.h"
 
@@ -67,8 +70,17 @@ LRESULT CALLBACK ProgressProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
     if (msg == WM_PAINT) {
         PAINTSTRUCT ps;
         HDC dc = BeginPaint(hwnd, &ps);
-        if (auto* bar = reinterpret_cast<const ProgressBar*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA))) bar->Paint(dc);
+        // Nothing escapes the window procedure; the report waits until the
+        // paint is over.
+        std::optional<ErrorReport> failure;
+        try {
+            if (auto* bar = reinterpret_cast<const ProgressBar*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA)))
+                bar->Paint(dc);
+        } catch (...) {
+            failure = CaughtErrorReport("modZunBtns", "ProgressBar_Paint");
+        }
         EndPaint(hwnd, &ps);
+        if (failure && ReportError(*failure) == AnswerAbort) AbortProgram();
         return 0;
     }
     if (msg == WM_ERASEBKGND) return 1;
