@@ -16,7 +16,7 @@
 HWND ChatRoomWindow = nullptr;
 
 namespace {
-AOLMessageSink g_sink;
+AOLMessageSink* g_sink = nullptr;
 
 HWND FindMDIChild(const char* caption)
 {
@@ -115,15 +115,15 @@ std::vector<std::string> ReadSignOnNames(HWND combo)
 }
 }  // namespace
 
-void SetAOLMessageSink(AOLMessageSink sink)
+void SetAOLMessageSink(AOLMessageSink* sink)
 {
-    g_sink = std::move(sink);
+    g_sink = sink;
 }
 
 void AOLMessage(const std::string& message, long style)
 {
     if (g_sink)
-        g_sink(message, style);
+        g_sink->Message(message, style);
     else
         ShowMsg(message, style);
 }

@@ -4,14 +4,20 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <string>
 
 extern HWND ChatRoomWindow;  // the chat room last found by the watcher
 
-// Every message of the AOL modules goes through here; ShowMsg by default.
-using AOLMessageSink = std::function<void(const std::string& message, long style)>;
-void SetAOLMessageSink(AOLMessageSink sink);
+// Where the AOL modules' messages to the user go; tests install their own.
+class AOLMessageSink {
+public:
+    virtual ~AOLMessageSink() = default;
+    // Tells the user `message` (markup) with the message box style `style`.
+    virtual void Message(const std::string& message, long style) = 0;
+};
+// Installs the sink (not owned); with none installed messages go to ShowMsg.
+void SetAOLMessageSink(AOLMessageSink* sink);
+// Every message of the AOL modules goes through here.
 void AOLMessage(const std::string& message, long style);
 
 // The topmost child of `parent` of class `className` (ignoring case) that

@@ -5,7 +5,6 @@
 // on with the next step.
 #pragma once
 
-#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -37,16 +36,35 @@ struct ErrorReport {
 // Answers of the report, the message box's codes.
 enum ErrorAnswer { AnswerAbort = 3, AnswerRetry = 4, AnswerIgnore = 5 };
 
-// The one replaceable way a report reaches the user; returns an ErrorAnswer.
-// Until the dialog is installed, reports are answered Ignore.
-using ErrorReporter = std::function<int(const ErrorReport&)>;
-void SetErrorReporter(ErrorReporter reporter);
-// What Abort does: unload every form and end the program.
-void SetAbortHandler(std::function<void()> handler);
+// Where the common error report goes: the program installs its dialog, tests
+// install their own.
+class ErrorReporter {
+public:
+    virtual ~ErrorReporter() = default;
+    // Shows the report to the user and returns their ErrorAnswer.
+    virtual int Report(const ErrorReport& report) = 0;
+    // Ends the program after the user chose Abort.
+    virtual void Abort() = 0;
+};
+
+// Installs the reporter (not owned; it must outlive its installation). With
+// none installed every report is answered Ignore and Abort does nothing.
+void SetErrorReporter(ErrorReporter* reporter);
 // The version text that reports carry.
 void SetErrorVersionText(const std::string& version);
 
+// Hands a report to the installed reporter and returns the answer.
 int ReportError(const ErrorReport& report);
+// Carries out Abort through the installed reporter.
+void AbortProgram();
+
+// For procedures nothing may escape (window and hook procedures); call inside
+// a catch block. Describes the exception being handled: a RuntimeError by its
+// number, anything else as error 0 with what it says.
+ErrorReport CaughtErrorReport(const std::string& module, const std::string& procedure);
+// Reports the exception being handled, carries out Abort when that is the
+// answer, and returns the answer.
+int ReportCaughtError(const std::string& module, const std::string& procedure);
 
 class ErrorTrap {
 public:
@@ -67,7 +85,7 @@ public:
                 const int answer = Report(e.number, e.what());
                 if (answer == AnswerRetry) continue;
                 if (answer == AnswerIgnore) return true;
-                if (answer == AnswerAbort) Abort();
+                if (answer == AnswerAbort) AbortProgram();
                 return false;
             }
         }
@@ -87,7 +105,6 @@ public:
 
 private:
     int Report(int number, const std::string& description);
-    static void Abort();
 
     std::string module_, procedure_;
     long line_ = 0;

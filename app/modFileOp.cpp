@@ -1,32 +1,13 @@
 // Whole-file operations over the Win32 file API.
 #include "modFileOp.h"
 
+#include "FindHandle.h"
 #include "KernelHandle.h"
 #include "Win32Error.h"
 
 #include <windows.h>
 
-#include <utility>
-
 namespace {
-
-// An owning search handle of FindFirstFileA.
-class FindHandle {
-public:
-    FindHandle(const std::string& pattern, WIN32_FIND_DATAA& found)
-        : handle_(FindFirstFileA(pattern.c_str(), &found)) {}
-    FindHandle(const FindHandle&) = delete;
-    FindHandle& operator=(const FindHandle&) = delete;
-    ~FindHandle()
-    {
-        if (handle_ != INVALID_HANDLE_VALUE) FindClose(handle_);
-    }
-    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
-    bool Next(WIN32_FIND_DATAA& found) { return FindNextFileA(handle_, &found) != FALSE; }
-
-private:
-    HANDLE handle_;
-};
 
 KernelHandle OpenOrRaise(const std::string& path, DWORD access, DWORD disposition)
 {

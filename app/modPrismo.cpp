@@ -187,9 +187,8 @@ void RegSvr(const std::string& fileName, bool registerIt)
 
 void Main(const std::string& commandLine)
 {
-    InstallErrorReport();
     // Abort in an error report takes the program out of AOL before it ends.
-    SetAbortHandler([] { EndProgram(); });
+    InstallErrorReport(EndProgram);
     SetHelpFile(AppPath() + "\\prismo.hlp");
     Options.UIMode = static_cast<std::int16_t>(StartUIMode());
     ErrorTrap::Ignoring([] { LoadUserColors(); });

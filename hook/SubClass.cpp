@@ -7,13 +7,16 @@
 #include <map>
 #include <utility>
 
+#include "ErrorTrap.h"
 #include "SbcProtocol.h"
 
 namespace {
 const char kHostClass[] = "PrismoSbcHost";
 // How long the program waits for AOL to carry out a request.
 const UINT kRequestTimeoutMs = 5000;
-std::string g_libraryPath;
+// Posted to the hidden window: show the failures of handlers that ran while
+// AOL waited.
+const UINT kReportMessage = WM_APP + 1;
 }  // namespace
 
 // The hidden window, the loaded DLL and one window hook per hooked thread.
@@ -45,6 +48,7 @@ private:
     LRESULT OnCopyData(HWND from, const COPYDATASTRUCT* data);
     LRESULT OnHookedMessage(const sbc::HookedMessage& hooked);
     void OnRelease(HWND hooked);
+    void ShowDeferredReports();
 
     HWND window_ = nullptr;
     HMODULE dll_ = nullptr;
@@ -56,18 +60,17 @@ private:
     bool gotReply_ = false;
     bool replyOk_ = false;
     std::string replyText_;
+    std::vector<ErrorReport> deferred_;  // failures waiting for AOL to go on
 };
 
 bool SbcHost::LoadDll()
 {
     if (dll_) return true;
-    std::string path = g_libraryPath;
-    if (path.empty()) {
-        char exe[MAX_PATH];
-        const DWORD n = GetModuleFileNameA(nullptr, exe, sizeof exe);
-        path.assign(exe, n);
-        path = path.substr(0, path.find_last_of('\\') + 1) + "prismosbc.dll";
-    }
+    // The DLL travels beside the program.
+    char exe[MAX_PATH];
+    const DWORD n = GetModuleFileNameA(nullptr, exe, sizeof exe);
+    std::string path(exe, n);
+    path = path.substr(0, path.find_last_of('\\') + 1) + "prismosbc.dll";
     dll_ = LoadLibraryA(path.c_str());
     if (!dll_) return false;
     hookProc_ = reinterpret_cast<HOOKPROC>(
@@ -139,6 +142,10 @@ LRESULT CALLBACK SbcHost::WndProc(HWND window, UINT message, WPARAM wParam, LPAR
     if (message == WM_COPYDATA)
         return host.OnCopyData(reinterpret_cast<HWND>(wParam),
                                reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+    if (message == kReportMessage) {
+        host.ShowDeferredReports();
+        return 0;
+    }
     if (message == host.releaseMessage_ && host.releaseMessage_ != 0) {
         host.OnRelease(reinterpret_cast<HWND>(wParam));
         return 0;
@@ -168,7 +175,8 @@ LRESULT SbcHost::OnCopyData(HWND, const COPYDATASTRUCT* data)
 }
 
 // Hands one forwarded message to its object. Nothing may escape back into
-// AOL: a handler that fails lets the message go on untouched.
+// AOL: a handler that fails lets the message go on untouched, and its failure
+// is reported once AOL has gone on (a report now would keep AOL waiting).
 LRESULT SbcHost::OnHookedMessage(const sbc::HookedMessage& hooked)
 {
     const HWND window = reinterpret_cast<HWND>(static_cast<std::uintptr_t>(hooked.window));
@@ -184,6 +192,8 @@ LRESULT SbcHost::OnHookedMessage(const sbc::HookedMessage& hooked)
                             static_cast<LPARAM>(hooked.lParam), result, noDefault);
     } catch (...) {
         noDefault = false;
+        deferred_.push_back(CaughtErrorReport("SubClass", "WndMessageX"));
+        PostMessageA(Window(), kReportMessage, 0, 0);
     }
     if (outer) object->inMessage_ = false;
     // The handler may have detached the object; then it answers no more.
@@ -208,6 +218,9 @@ LRESULT SbcHost::OnHookedMessage(const sbc::HookedMessage& hooked)
     return answer;
 }
 
+// Runs the delayed events posted during the message AOL has now finished.
+// A failing event is reported like any step: Retry runs it again, Ignore goes
+// on with the next.
 void SbcHost::OnRelease(HWND hooked)
 {
     auto found = objects_.find(hooked);
@@ -215,13 +228,24 @@ void SbcHost::OnRelease(HWND hooked)
     SubClass* object = found->second;
     std::vector<LONG_PTR> values;
     values.swap(object->released_);
-    for (LONG_PTR value : values) {
-        if (objects_.find(hooked) == objects_.end()) return;  // detached meanwhile
+    for (std::size_t i = 0; i < values.size();) {
+        found = objects_.find(hooked);
+        if (found == objects_.end() || found->second != object) return;  // detached meanwhile
         try {
-            if (object->DelayedEvent) object->DelayedEvent(value);
+            if (object->DelayedEvent) object->DelayedEvent(values[i]);
         } catch (...) {
+            if (ReportCaughtError("SubClass", "DelayedEvent") == AnswerRetry) continue;
         }
+        ++i;
     }
+}
+
+void SbcHost::ShowDeferredReports()
+{
+    std::vector<ErrorReport> reports;
+    reports.swap(deferred_);
+    for (const ErrorReport& report : reports)
+        if (ReportError(report) == AnswerAbort) AbortProgram();
 }
 
 // ---- SubClass ------------------------------------------------------------
@@ -311,9 +335,4 @@ bool SbcMenuDelete(HWND window, unsigned position)
 {
     const std::uint32_t value = position;
     return MenuRequest(window, sbc::OpMenuDelete, &value, sizeof value, nullptr);
-}
-
-void SetSbcLibraryPath(const std::string& path)
-{
-    g_libraryPath = path;
 }

@@ -58,6 +58,3 @@ bool SbcMenuDump(HWND window, std::string& dump);
 // "P\t<caption>" ... "E" with "I\t<id>\t<caption>", "S" and nested "P" lines.
 bool SbcMenuInsert(HWND window, unsigned position, const std::string& description);
 bool SbcMenuDelete(HWND window, unsigned position);
-
-// Where the program looks for prismosbc.dll (default: beside the program).
-void SetSbcLibraryPath(const std::string& path);

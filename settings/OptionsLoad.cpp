@@ -5,24 +5,24 @@
 #include "Convert.h"
 #include "ErrorTrap.h"
 #include "Options.h"
-#include "modRegKeys.h"
+#include "SettingsStore.h"
 
 #include <optional>
 
 namespace {
 
 // A boolean that is on unless stored "False"; an unknown text changes nothing.
-void LoadOnByDefault(const SettingName& setting, bool& field)
+void LoadOnByDefault(const SettingsStore& store, const SettingName& setting, bool& field)
 {
-    const std::string text = ReadSetting(setting);
+    const std::string text = store.Read(setting);
     if (text == kTrueText || text.empty()) field = true;
     else if (text == kFalseText) field = false;
 }
 
 // A boolean that is off unless stored "True"; an unknown text changes nothing.
-void LoadOffByDefault(const SettingName& setting, bool& field)
+void LoadOffByDefault(const SettingsStore& store, const SettingName& setting, bool& field)
 {
-    const std::string text = ReadSetting(setting);
+    const std::string text = store.Read(setting);
     if (text == kTrueText) field = true;
     else if (text == kFalseText || text.empty()) field = false;
 }
@@ -37,27 +37,27 @@ T Converted(const std::optional<T>& value)
 }
 
 template <class T, class Convert>
-void LoadNumber(const SettingName& setting, T& field, T fallback, Convert convert)
+void LoadNumber(const SettingsStore& store, const SettingName& setting, T& field, T fallback, Convert convert)
 {
-    const std::string text = ReadSetting(setting);
+    const std::string text = store.Read(setting);
     field = text.empty() ? fallback : static_cast<T>(Converted(convert(text)));
 }
 
-void LoadText(const SettingName& setting, std::string& field, const char* fallback)
+void LoadText(const SettingsStore& store, const SettingName& setting, std::string& field, const char* fallback)
 {
-    field = ReadSetting(setting);
+    field = store.Read(setting);
     if (field.empty()) field = fallback;
 }
 
-ColorValue LoadUserColor(const SettingName& setting, ColorValue fallback)
+ColorValue LoadUserColor(const SettingsStore& store, const SettingName& setting, ColorValue fallback)
 {
-    const std::string text = Trim(ReadSetting(setting));
+    const std::string text = Trim(store.Read(setting));
     return text.empty() ? fallback : Converted(ToLong(text));
 }
 
 }  // namespace
 
-void LoadOptionsWith(char decimalPoint)
+void LoadOptionsWith(const SettingsStore& store, char decimalPoint)
 {
     OptionsRecord& o = Options;
     ErrorTrap trap("modPrismo", "LoadOptions");
@@ -68,31 +68,31 @@ void LoadOptionsWith(char decimalPoint)
 
     // The order of the reads is the order the user's settings take effect
     // when one of them is broken and the report is answered Abort.
-    if (!step([&] { LoadOnByDefault(Setting::FaderOn, o.FaderOn); })) return;
-    if (!step([&] { LoadText(Setting::DefaultScheme, o.DefaultScheme, kDefaultSchemeName); })) return;
-    if (!step([&] { LoadOffByDefault(Setting::Wavy, o.Wavy); })) return;
-    if (!step([&] { LoadOffByDefault(Setting::Bold, o.Bold); })) return;
-    if (!step([&] { LoadOffByDefault(Setting::Italic, o.Italic); })) return;
-    if (!step([&] { LoadOffByDefault(Setting::ULine, o.ULine); })) return;
-    if (!step([&] { LoadNumber(Setting::FadeNumber, o.FadeNumber, std::int16_t{5}, small); })) return;
+    if (!step([&] { LoadOnByDefault(store, Setting::FaderOn, o.FaderOn); })) return;
+    if (!step([&] { LoadText(store, Setting::DefaultScheme, o.DefaultScheme, kDefaultSchemeName); })) return;
+    if (!step([&] { LoadOffByDefault(store, Setting::Wavy, o.Wavy); })) return;
+    if (!step([&] { LoadOffByDefault(store, Setting::Bold, o.Bold); })) return;
+    if (!step([&] { LoadOffByDefault(store, Setting::Italic, o.Italic); })) return;
+    if (!step([&] { LoadOffByDefault(store, Setting::ULine, o.ULine); })) return;
+    if (!step([&] { LoadNumber(store, Setting::FadeNumber, o.FadeNumber, std::int16_t{5}, small); })) return;
     for (int i = 0; i < 6; ++i)
-        if (!step([&] { LoadNumber(Setting::Colors[i], o.Colors[i], ColorValue{0}, whole); })) return;
-    if (!step([&] { LoadOnByDefault(Setting::ShowFadePanelWithChat, o.ShowFadePanelWithChat); })) return;
-    if (!step([&] { LoadOnByDefault(Setting::UseMultiline, o.UseMultiline); })) return;
-    if (!step([&] { LoadNumber(Setting::MultilineBurst, o.MultilineBurst, 1.5f, real); })) return;
-    if (!step([&] { LoadNumber(Setting::CharsInLine, o.CharsInLine, std::int32_t{60}, whole); })) return;
-    if (!step([&] { LoadOffByDefault(Setting::UseAlias, o.UseAlias); })) return;
-    if (!step([&] { o.AliasName = ReadSetting(Setting::AliasName); })) return;
-    if (!step([&] { LoadOnByDefault(Setting::ShowEMailSample, o.ShowEMailSample); })) return;
-    if (!step([&] { LoadOnByDefault(Setting::UseChatKW, o.UseChatKW); })) return;
-    if (!step([&] { LoadOnByDefault(Setting::ShowEFToolbar, o.ShowEFToolbar); })) return;
-    step([&] { LoadOffByDefault(Setting::SolidFade, o.SolidFade); });
+        if (!step([&] { LoadNumber(store, Setting::Colors[i], o.Colors[i], ColorValue{0}, whole); })) return;
+    if (!step([&] { LoadOnByDefault(store, Setting::ShowFadePanelWithChat, o.ShowFadePanelWithChat); })) return;
+    if (!step([&] { LoadOnByDefault(store, Setting::UseMultiline, o.UseMultiline); })) return;
+    if (!step([&] { LoadNumber(store, Setting::MultilineBurst, o.MultilineBurst, 1.5f, real); })) return;
+    if (!step([&] { LoadNumber(store, Setting::CharsInLine, o.CharsInLine, std::int32_t{60}, whole); })) return;
+    if (!step([&] { LoadOffByDefault(store, Setting::UseAlias, o.UseAlias); })) return;
+    if (!step([&] { o.AliasName = store.Read(Setting::AliasName); })) return;
+    if (!step([&] { LoadOnByDefault(store, Setting::ShowEMailSample, o.ShowEMailSample); })) return;
+    if (!step([&] { LoadOnByDefault(store, Setting::UseChatKW, o.UseChatKW); })) return;
+    if (!step([&] { LoadOnByDefault(store, Setting::ShowEFToolbar, o.ShowEFToolbar); })) return;
+    step([&] { LoadOffByDefault(store, Setting::SolidFade, o.SolidFade); });
 }
 
-void LoadUserColors()
+void LoadUserColors(const SettingsStore& store)
 {
-    Options.WindowColor = LoadUserColor(Setting::WindowColor, kDefaultWindowColor);
-    Options.ButtonForecolor = LoadUserColor(Setting::ButtonForecolor, kDefaultButtonForecolor);
-    Options.ButtonHighlight = LoadUserColor(Setting::ButtonHighlight, kDefaultButtonHighlight);
-    Options.ButtonText = LoadUserColor(Setting::ButtonText, kDefaultButtonText);
+    Options.WindowColor = LoadUserColor(store, Setting::WindowColor, kDefaultWindowColor);
+    Options.ButtonForecolor = LoadUserColor(store, Setting::ButtonForecolor, kDefaultButtonForecolor);
+    Options.ButtonHighlight = LoadUserColor(store, Setting::ButtonHighlight, kDefaultButtonHighlight);
+    Options.ButtonText = LoadUserColor(store, Setting::ButtonText, kDefaultButtonText);
 }

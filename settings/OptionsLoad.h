@@ -3,17 +3,22 @@
 // value, and a number that does not convert is a type mismatch.
 #pragma once
 
-// Fills every field but the interface colours and the UI mode, reporting a
-// number that does not convert through the common error report ("LoadOptions"
-// in "modPrismo"). Reads "Multiline Burst" with the user's decimal separator.
+class SettingsStore;
+
+// Fills every field but the interface colours and the UI mode from `store`,
+// reporting a number that does not convert through the common error report
+// ("LoadOptions" in "modPrismo"). Reads "Multiline Burst" with the decimal
+// separator given.
+void LoadOptionsWith(const SettingsStore& store, char decimalPoint);
+
+// Fills the four User mode interface colours from `store`. Each text is
+// trimmed; an empty one gives the default. A colour that does not convert
+// raises RuntimeError 13 to the caller.
+void LoadUserColors(const SettingsStore& store);
+
+// The program's loads, from the registry (the Windows shell provides them):
+// LoadOptionsWith with the user's decimal separator, and LoadUserColors.
 void LoadOptions();
-
-// LoadOptions with the decimal separator given.
-void LoadOptionsWith(char decimalPoint);
-
-// Fills the four User mode interface colours. Each text is trimmed; an empty
-// one gives the default. A colour that does not convert raises
-// RuntimeError 13 to the caller.
 void LoadUserColors();
 
 // The defaults of the interface colours of the User mode.

@@ -1,5 +1,8 @@
-// LoadOptions with the decimal separator of the user's regional settings.
+// The program's loads of Options: from the registry, with the decimal
+// separator of the user's regional settings.
 #include "OptionsLoad.h"
+
+#include "modRegKeys.h"
 
 #include <windows.h>
 
@@ -7,5 +10,7 @@ void LoadOptions()
 {
     char separator[8] = {};
     const bool known = GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, sizeof separator) > 1;
-    LoadOptionsWith(known ? separator[0] : '.');
+    LoadOptionsWith(Registry(), known ? separator[0] : '.');
 }
+
+void LoadUserColors() { LoadUserColors(Registry()); }

@@ -6,6 +6,7 @@
 #include "ErrorTrap.h"
 #include "Schemes.h"
 #include "modFileOp.h"
+#include "modRegKeys.h"
 
 #include <windows.h>
 
@@ -27,7 +28,7 @@ void ImportSchemeFile(const std::string& path, const std::string& name, const St
     if (!run([&] { contents = ReadFile(path); })) return;
     const std::string section = SchemeSection(name);
     run([&] {
-        for (const std::string& line : SplitSchemeLines(contents)) ParseSchemeLine(section, line);
+        for (const std::string& line : SplitSchemeLines(contents)) ParseSchemeLine(Registry(), section, line);
     });
 }
 
@@ -59,7 +60,7 @@ void MakeSchemeFolders()
 
 void WriteSchemeFile(const std::string& name, const std::string& folder)
 {
-    WriteFile(folder + name + kSchemeExtension, FormatSchemeFile(ReadScheme(name)));
+    WriteFile(folder + name + kSchemeExtension, FormatSchemeFile(ReadScheme(Registry(), name)));
 }
 
 void UpdateFadeReg(const std::string& folder, const std::string& name)

@@ -2,17 +2,17 @@
 #include "Schemes.h"
 
 #include "Catalog.h"
-#include "modRegKeys.h"
+#include "SettingsStore.h"
 
-void ParseSchemeLine(const std::string& section, const std::string& line)
+void ParseSchemeLine(SettingsStore& store, const std::string& section, const std::string& line)
 {
-    if (auto v = ParseSchemeText(line)) WriteSetting(section, v->name, v->value);
+    if (auto v = ParseSchemeText(line)) store.Write(section, v->name, v->value);
 }
 
-SchemeTexts ReadScheme(const std::string& schemeName)
+SchemeTexts ReadScheme(const SettingsStore& store, const std::string& schemeName)
 {
     const std::string section = SchemeSection(schemeName);
     SchemeTexts scheme;
-    for (const char* name : kSchemeValueNames) *SchemeField(scheme, name) = ReadSetting(section, name);
+    for (const char* name : kSchemeValueNames) *SchemeField(scheme, name) = store.Read(section, name);
     return scheme;
 }

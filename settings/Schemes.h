@@ -6,10 +6,12 @@
 
 #include <string>
 
-// Applies one line of a scheme file to `section` (normally "Schemes\" + name):
-// a line with a key a scheme has stores its value; every other line stores
-// nothing.
-void ParseSchemeLine(const std::string& section, const std::string& line);
+class SettingsStore;
+
+// Applies one line of a scheme file to `section` of the store (normally
+// "Schemes\" + name): a line with a key a scheme has stores its value; every
+// other line stores nothing.
+void ParseSchemeLine(SettingsStore& store, const std::string& section, const std::string& line);
 
 // The stored scheme of that name, each value as read (empty when missing).
-SchemeTexts ReadScheme(const std::string& schemeName);
+SchemeTexts ReadScheme(const SettingsStore& store, const std::string& schemeName);

@@ -143,3 +143,25 @@ std::vector<std::string> SettingSubkeys(const std::string& section)
     }
     return names;
 }
+
+namespace {
+
+class RegistryStore : public SettingsStore {
+public:
+    std::string Read(const std::string& section, const std::string& name) const override
+    {
+        return ReadSetting(section, name);
+    }
+    bool Write(const std::string& section, const std::string& name, const std::string& value) override
+    {
+        return WriteSetting(section, name, value);
+    }
+};
+
+}  // namespace
+
+SettingsStore& Registry()
+{
+    static RegistryStore store;
+    return store;
+}

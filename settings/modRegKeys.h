@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Catalog.h"
+#include "SettingsStore.h"
 
 #include <string>
 #include <vector>
@@ -18,6 +19,10 @@ bool WriteSetting(const std::string& section, const std::string& name, const std
 // more, other value types, missing keys or values and every error read as the
 // empty text. Never creates anything.
 std::string ReadSetting(const std::string& section, const std::string& name);
+
+// The registry as the store the portable settings code reads and writes
+// (ReadSetting and WriteSetting).
+SettingsStore& Registry();
 
 // Deletes root + subPath when it has no subkeys; false when it is missing,
 // still has subkeys, or the registry refuses. An empty subPath is refused:

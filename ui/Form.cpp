@@ -3,7 +3,6 @@
 #include "Form.h"
 
 #include <algorithm>
-#include <exception>
 
 #include "ErrorTrap.h"
 #include "FormPlacement.h"
@@ -32,7 +31,20 @@ RECT WindowRect(HWND hwnd)
 
 OwnerDrawn* OwnerDrawn::Of(HWND control) { return static_cast<OwnerDrawn*>(GetPropA(control, OwnerDrawnProp)); }
 
-void OwnerDrawn::AttachTo(HWND control) { SetPropA(control, OwnerDrawnProp, this); }
+OwnerDrawn::~OwnerDrawn() { Release(); }
+
+void OwnerDrawn::AttachTo(HWND control)
+{
+    Release();
+    if (control && SetPropA(control, OwnerDrawnProp, this)) control_ = control;
+}
+
+// A late WM_DRAWITEM for the control must not reach an object that is gone.
+void OwnerDrawn::Release()
+{
+    if (control_ && Of(control_) == this) RemovePropA(control_, OwnerDrawnProp);
+    control_ = nullptr;
+}
 
 Form::Form(std::string name, int templateId, int pixelWidth, int pixelHeight)
     : name_(std::move(name)), templateId_(templateId), pixelWidth_(pixelWidth), pixelHeight_(pixelHeight)
@@ -193,20 +205,6 @@ bool Form::Dispatch(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result)
     return OnMessage(msg, wp, lp, result);
 }
 
-void Form::ReportFailure(const char* what, int number)
-{
-    ErrorReport r;
-    r.title = "Prismo";
-    r.module = name_;
-    r.procedure = "WindowProc";
-    r.number = std::to_string(number);
-    r.description = what;
-    if (ReportError(r) == AnswerAbort) {
-        UnloadAllForms();
-        ExitProcess(0);
-    }
-}
-
 // No exception leaves a window procedure: each is handed to the error report.
 INT_PTR CALLBACK Form::DialogProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
 {
@@ -225,10 +223,9 @@ INT_PTR CALLBACK Form::DialogProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
         // These messages return their answer directly, not through DWLP_MSGRESULT.
         if (msg == WM_CTLCOLORDLG || msg == WM_CTLCOLORSTATIC || msg == WM_CTLCOLORBTN) return result;
         return TRUE;
-    } catch (const RuntimeError& e) {
-        form->ReportFailure(e.what(), e.number);
-    } catch (const std::exception& e) {
-        form->ReportFailure(e.what(), 0);
+    } catch (...) {
+        const std::string module = form->name_;  // the report may outlive the form
+        ReportCaughtError(module, "DialogProc");
     }
     return TRUE;
 }
@@ -249,11 +246,9 @@ LRESULT CALLBACK Form::WindowProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
         }
         LRESULT result = 0;
         if (form->hwnd_ && form->Dispatch(msg, wp, lp, result)) return result;
-    } catch (const RuntimeError& e) {
-        form->ReportFailure(e.what(), e.number);
-        return 0;
-    } catch (const std::exception& e) {
-        form->ReportFailure(e.what(), 0);
+    } catch (...) {
+        const std::string module = form->name_;  // the report may outlive the form
+        ReportCaughtError(module, "WindowProc");
         return 0;
     }
     return DefWindowProcA(hwnd, msg, wp, lp);

@@ -12,15 +12,26 @@
 #include "GdiObjects.h"
 #include "UIColors.h"
 
-// A control that paints itself when its form passes WM_DRAWITEM on.
+// A control that paints itself when its form passes WM_DRAWITEM on. Its
+// window holds a pointer to it, so it stays where it is (neither copied nor
+// moved) and takes that pointer back when it goes.
 class OwnerDrawn {
 public:
-    virtual ~OwnerDrawn() = default;
+    OwnerDrawn() = default;
+    OwnerDrawn(const OwnerDrawn&) = delete;
+    OwnerDrawn& operator=(const OwnerDrawn&) = delete;
+    virtual ~OwnerDrawn();  // lets go of its control
     virtual void Draw(const DRAWITEMSTRUCT& item) = 0;
+    // The object painting `control`, or nullptr.
     static OwnerDrawn* Of(HWND control);
 
 protected:
+    // Paints `control` from now on, and lets go of the control it had.
     void AttachTo(HWND control);
+
+private:
+    void Release();
+    HWND control_ = nullptr;
 };
 
 class Form {
@@ -70,7 +81,6 @@ private:
     static LRESULT CALLBACK WindowProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp);
     bool Dispatch(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result);
     bool Paint();
-    void ReportFailure(const char* what, int number);
 
     std::string name_;
     int templateId_;

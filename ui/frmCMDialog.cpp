@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ErrorTrap.h"
+#include "FindHandle.h"
 #include "modFileOp.h"
 #include "modMsgBox.h"
 #include "resource.h"
@@ -41,13 +42,12 @@ std::vector<std::string> SubFolders(const std::string& folder)
 {
     std::vector<std::string> names;
     WIN32_FIND_DATAA data;
-    HANDLE find = FindFirstFileA((WithSlash(folder) + "*").c_str(), &data);
-    if (find == INVALID_HANDLE_VALUE) return names;
+    FindHandle search(WithSlash(folder) + "*", data);
+    if (!search) return names;
     do {
         const std::string name = data.cFileName;
         if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) && name != "." && name != "..") names.push_back(name);
-    } while (FindNextFileA(find, &data));
-    FindClose(find);
+    } while (search.Next(data));
     std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) { return Lower(a) < Lower(b); });
     return names;
 }

@@ -65,12 +65,27 @@ int ShowErrorReport(const ErrorReport& report)
     return form.Answer;
 }
 
-void InstallErrorReport()
-{
-    SetErrorVersionText(VersionText());
-    SetErrorReporter(ShowErrorReport);
-    SetAbortHandler([] {
+namespace {
+
+// The program's reporter: the dialog, and Abort ends the program.
+class DialogReporter : public ErrorReporter {
+public:
+    void (*EndProgram)() = nullptr;
+    int Report(const ErrorReport& report) override { return ShowErrorReport(report); }
+    void Abort() override
+    {
+        if (EndProgram) EndProgram();
         UnloadAllForms();
         ExitProcess(0);
-    });
+    }
+};
+
+}  // namespace
+
+void InstallErrorReport(void (*endProgram)())
+{
+    static DialogReporter reporter;
+    reporter.EndProgram = endProgram;
+    SetErrorVersionText(VersionText());
+    SetErrorReporter(&reporter);
 }

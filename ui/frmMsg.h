@@ -75,6 +75,6 @@ private:
 struct ErrorReport;
 int ShowErrorReport(const ErrorReport& report);
 
-// Makes ShowErrorReport the program's error reporter, and Abort unload
-// every form and end the program.
-void InstallErrorReport();
+// Makes ShowErrorReport the program's error reporter. Abort runs
+// `endProgram` (when given), then unloads every form and ends the program.
+void InstallErrorReport(void (*endProgram)() = nullptr);

@@ -1,7 +1,10 @@
 // Owner-drawn buttons and progress bar, and colouring by interface mode.
 #include "modZunBtns.h"
 
+#include <optional>
+
 #include "AOLState.h"
+#include "ErrorTrap.h"
 #include "Options.h"
 #include "modRegKeys.h"
 
@@ -67,8 +70,17 @@ LRESULT CALLBACK ProgressProc(HWND hwnd, UINT msg, WPARAM wp, LPARAM lp)
     if (msg == WM_PAINT) {
         PAINTSTRUCT ps;
         HDC dc = BeginPaint(hwnd, &ps);
-        if (auto* bar = reinterpret_cast<const ProgressBar*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA))) bar->Paint(dc);
+        // Nothing escapes the window procedure; the report waits until the
+        // paint is over.
+        std::optional<ErrorReport> failure;
+        try {
+            if (auto* bar = reinterpret_cast<const ProgressBar*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA)))
+                bar->Paint(dc);
+        } catch (...) {
+            failure = CaughtErrorReport("modZunBtns", "ProgressBar_Paint");
+        }
         EndPaint(hwnd, &ps);
+        if (failure && ReportError(*failure) == AnswerAbort) AbortProgram();
         return 0;
     }
     if (msg == WM_ERASEBKGND) return 1;
@@ -156,6 +168,12 @@ HWND ProgressBar::Create(HWND parent, int id, int x, int y, int width, int heigh
     SetWindowLongPtrA(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SendMessageA(hwnd_, WM_SETFONT, SendMessageA(parent, WM_GETFONT, 0, 0), FALSE);
     return hwnd_;
+}
+
+ProgressBar::~ProgressBar()
+{
+    if (hwnd_ && IsWindow(hwnd_) && GetWindowLongPtrA(hwnd_, GWLP_USERDATA) == reinterpret_cast<LONG_PTR>(this))
+        SetWindowLongPtrA(hwnd_, GWLP_USERDATA, 0);
 }
 
 void ProgressBar::SetValue(int percent)

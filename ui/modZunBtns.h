@@ -56,9 +56,12 @@ public:
 // A progress bar with a status text and a percentage.
 class ProgressBar {
 public:
+    // Its window holds a pointer to it: it stays where it is, and takes that
+    // pointer back when it goes.
     ProgressBar() = default;
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
+    ~ProgressBar();
     HWND Create(HWND parent, int id, int x, int y, int width, int height);
     HWND hwnd() const { return hwnd_; }
     void SetValue(int percent);  // 0 to 100

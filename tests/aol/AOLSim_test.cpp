@@ -48,7 +48,7 @@ std::vector<std::string> BarMenus(const std::string& menu)
     return bar;
 }
 
-class AOLSim : public ::testing::Test {
+class AOLSim : public ::testing::Test, public AOLMessageSink {
 protected:
     void SetUp() override
     {
@@ -56,13 +56,14 @@ protected:
         AOLEdition = AOLEditionFlags{};
         ScreenNames = {};
         messages_.clear();
-        SetAOLMessageSink([this](const std::string& m, long) { messages_ += m + "\n"; });
+        SetAOLMessageSink(this);
     }
     void TearDown() override
     {
         sim_.Stop();
         SetAOLMessageSink(nullptr);
     }
+    void Message(const std::string& m, long) override { messages_ += m + "\n"; }
 
     // Starts the simulator and attaches to it as start-up does.
     void Start(const std::string& version, const std::string& options)

@@ -1,9 +1,13 @@
 // The hook against a window of another process (sbctarget.exe): messages
 // reach the program before the window, can be swallowed or answered, delayed
 // events come after the window's own procedure, detaching puts the window's
-// procedure back, and menus are changed from inside the other process.
+// procedure back, a failing handler is reported without holding the window
+// up, and menus are changed from inside the other process.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
+#include "ErrorTrap.h"
 #include "SubClass.h"
 #include "TestProcess.h"
 
@@ -94,6 +98,51 @@ TEST_F(HookTarget, DelayedEventRunsAfterTheWindowHasHandledTheMessage)
     ASSERT_TRUE(PumpUntil([&] { return events.size() == 2; }, 5000));
     EXPECT_EQ(events[0], "message ");
     EXPECT_EQ(events[1], "delayed 113 q");
+}
+
+// Records every report; answers Retry to the first report of a delayed event.
+struct RecordingReporter : ErrorReporter {
+    int Report(const ErrorReport& report) override
+    {
+        reports.push_back(report);
+        return report.procedure == "DelayedEvent" && ++delayedReports == 1 ? AnswerRetry : AnswerIgnore;
+    }
+    void Abort() override {}
+    std::vector<ErrorReport> reports;
+    int delayedReports = 0;
+};
+
+TEST_F(HookTarget, AFailingHandlerIsReportedAndTheMessageGoesOnUntouched)
+{
+    RecordingReporter reporter;
+    SetErrorReporter(&reporter);
+    SubClass hook;
+    int delayedRuns = 0;
+    hook.WndMessageX = [&](HWND, UINT, WPARAM, LPARAM, LRESULT&, bool& noDefault) {
+        noDefault = true;
+        hook.PostDelayedEvent(1);
+        throw RuntimeError(Err::FileNotFound, "File not found");
+    };
+    hook.DelayedEvent = [&](LONG_PTR) {
+        ++delayedRuns;
+        throw std::runtime_error("broken");
+    };
+    ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+    Type('a');
+    EXPECT_TRUE(WaitForText("a")) << "a failed handler must not swallow the message";
+    EXPECT_TRUE(PumpUntil([&] { return reporter.reports.size() == 3; }, 5000));
+    SetErrorReporter(nullptr);
+    ASSERT_EQ(reporter.reports.size(), 3u);
+    int fromMessage = 0;
+    for (const ErrorReport& report : reporter.reports) {
+        EXPECT_EQ(report.module, "SubClass");
+        if (report.procedure != "WndMessageX") continue;
+        ++fromMessage;
+        EXPECT_EQ(report.number, "53");
+        EXPECT_EQ(report.description, "File not found");
+    }
+    EXPECT_EQ(fromMessage, 1);
+    EXPECT_EQ(delayedRuns, 2) << "Retry runs the delayed event again";
 }
 
 TEST_F(HookTarget, DetachingPutsTheWindowsOwnProcedureBack)

@@ -69,7 +69,7 @@ std::vector<std::pair<std::string, std::string>> HostileFiles()
     return files;
 }
 
-class HostileSchemesTest : public ::testing::Test {
+class HostileSchemesTest : public ::testing::Test, public ErrorReporter {
 protected:
     void SetUp() override
     {
@@ -79,14 +79,17 @@ protected:
         TestEnv::CleanFolder(work + "\\download");
         TestEnv::CleanFolder(ProgramFolder() + "\\incoming");
         AOLPath = work;
-        SetErrorReporter([this](const ErrorReport& r) {
-            reports.push_back(r);
-            return AnswerIgnore;
-        });
+        SetErrorReporter(this);
     }
+    int Report(const ErrorReport& r) override
+    {
+        reports.push_back(r);
+        return AnswerIgnore;
+    }
+    void Abort() override {}
     void TearDown() override
     {
-        SetErrorReporter({});
+        SetErrorReporter(nullptr);
         AOLPath.clear();
         TestEnv::RemoveFolder(work);
         TestEnv::RemoveFolder(ProgramFolder() + "\\incoming");

@@ -40,3 +40,19 @@ std::string ReadSetting(const std::string& section, const std::string& name)
 
 bool DeleteSettingKey(const std::string&) { return false; }
 std::vector<std::string> SettingSubkeys(const std::string&) { return {}; }
+
+SettingsStore& MemoryStore::Store()
+{
+    struct Memory : SettingsStore {
+        std::string Read(const std::string& section, const std::string& name) const override
+        {
+            return ReadSetting(section, name);
+        }
+        bool Write(const std::string& section, const std::string& name, const std::string& value) override
+        {
+            return WriteSetting(section, name, value);
+        }
+    };
+    static Memory store;
+    return store;
+}

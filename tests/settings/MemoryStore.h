@@ -4,6 +4,8 @@
 // case-sensitive, a missing value reads as empty.
 #pragma once
 
+#include "SettingsStore.h"
+
 #include <map>
 #include <string>
 
@@ -11,4 +13,6 @@ namespace MemoryStore {
 // Every stored value, by lower-case "section\name".
 std::map<std::string, std::string>& Values();
 void Clear();
+// The same values as a store the portable code is handed.
+SettingsStore& Store();
 }  // namespace MemoryStore

@@ -10,11 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 namespace {
 
-class OptionsLoadTest : public ::testing::Test {
+class OptionsLoadTest : public ::testing::Test, public ErrorReporter {
 protected:
     void SetUp() override
     {
@@ -23,18 +24,16 @@ protected:
         reports.clear();
         aborted = false;
         answer = AnswerIgnore;
-        SetErrorReporter([this](const ErrorReport& r) {
-            reports.push_back(r);
-            if (onReport) onReport();
-            return answer;
-        });
-        SetAbortHandler([this] { aborted = true; });
+        SetErrorReporter(this);
     }
-    void TearDown() override
+    void TearDown() override { SetErrorReporter(nullptr); }
+    int Report(const ErrorReport& r) override
     {
-        SetErrorReporter({});
-        SetAbortHandler({});
+        reports.push_back(r);
+        if (onReport) onReport();
+        return answer;
     }
+    void Abort() override { aborted = true; }
 
     std::vector<ErrorReport> reports;
     bool aborted = false;
@@ -44,8 +43,8 @@ protected:
 
 TEST_F(OptionsLoadTest, FreshInstallationGivesTheDefaults)
 {
-    LoadOptionsWith('.');
-    LoadUserColors();
+    LoadOptionsWith(MemoryStore::Store(), '.');
+    LoadUserColors(MemoryStore::Store());
     EXPECT_TRUE(reports.empty());
     EXPECT_TRUE(Options.FaderOn);
     EXPECT_EQ(Options.FadeNumber, 5);
@@ -77,7 +76,7 @@ TEST_F(OptionsLoadTest, StoredValuesAreLoaded)
     WriteSetting(Setting::MultilineBurst, "2.25");
     WriteSetting(Setting::CharsInLine, " 80 ");
     WriteSetting(Setting::AliasName, "Zun");
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     EXPECT_TRUE(reports.empty());
     EXPECT_FALSE(Options.FaderOn);
     EXPECT_EQ(Options.DefaultScheme, "Ocean");
@@ -100,7 +99,7 @@ TEST_F(OptionsLoadTest, BooleansCompareExactlyAndUnknownTextsChangeNothing)
     WriteSetting(Setting::Italic, "1");
     WriteSetting(Setting::UseChatKW, "true");
     Options.Italic = true;
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     EXPECT_FALSE(Options.FaderOn);
     EXPECT_FALSE(Options.UseChatKW);
     EXPECT_FALSE(Options.SolidFade);
@@ -111,7 +110,7 @@ TEST_F(OptionsLoadTest, BooleansCompareExactlyAndUnknownTextsChangeNothing)
     WriteSetting(Setting::ShowEFToolbar, " ");
     WriteSetting(Setting::Wavy, " ");
     Options.Wavy = true;
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     EXPECT_FALSE(Options.ShowEFToolbar);
     EXPECT_TRUE(Options.Wavy);
 }
@@ -120,7 +119,7 @@ TEST_F(OptionsLoadTest, TextsAreTakenAsRead)
 {
     WriteSetting(Setting::AliasName, "");  // stored as one space
     WriteSetting(Setting::DefaultScheme, "");
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     EXPECT_EQ(Options.AliasName, " ");
     EXPECT_EQ(Options.DefaultScheme, " ");
 }
@@ -128,11 +127,11 @@ TEST_F(OptionsLoadTest, TextsAreTakenAsRead)
 TEST_F(OptionsLoadTest, BurstFollowsTheUsersDecimalSeparator)
 {
     WriteSetting(Setting::MultilineBurst, "0,75");
-    LoadOptionsWith(',');
+    LoadOptionsWith(MemoryStore::Store(), ',');
     EXPECT_TRUE(reports.empty());
     EXPECT_FLOAT_EQ(Options.MultilineBurst, 0.75f);
 
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     ASSERT_EQ(reports.size(), 1u);
     EXPECT_EQ(reports[0].number, "13");
 }
@@ -144,7 +143,7 @@ TEST_F(OptionsLoadTest, NumberThatDoesNotConvertIsReportedAndIgnoreGoesOn)
     WriteSetting(Setting::CharsInLine, "70000000000");
     WriteSetting(Setting::SolidFade, "True");
     Options.FadeNumber = 2;
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     ASSERT_EQ(reports.size(), 2u);
     EXPECT_EQ(reports[0].module, "modPrismo");
     EXPECT_EQ(reports[0].procedure, "LoadOptions");
@@ -161,7 +160,7 @@ TEST_F(OptionsLoadTest, AbortStopsTheLoadWhereItFailed)
     WriteSetting(Setting::FadeNumber, "x");
     WriteSetting(Setting::Colors[0], "255");
     answer = AnswerAbort;
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     EXPECT_TRUE(aborted);
     EXPECT_EQ(reports.size(), 1u);
     EXPECT_TRUE(Options.Bold);         // read before the failure
@@ -175,7 +174,7 @@ TEST_F(OptionsLoadTest, RetryReadsTheValueAgain)
     WriteSetting(Setting::FadeNumber, "6x");
     answer = AnswerRetry;
     onReport = [] { WriteSetting(Setting::FadeNumber, "6"); };
-    LoadOptionsWith('.');
+    LoadOptionsWith(MemoryStore::Store(), '.');
     EXPECT_EQ(reports.size(), 1u);
     EXPECT_EQ(Options.FadeNumber, 6);
 }
@@ -185,7 +184,7 @@ TEST_F(OptionsLoadTest, UserColoursAreTrimmedAndMustBeNumbers)
     WriteSetting(Setting::WindowColor, "");  // one space: the default
     WriteSetting(Setting::ButtonForecolor, "  255 ");
     WriteSetting(Setting::ButtonHighlight, "-2147483633");
-    LoadUserColors();
+    LoadUserColors(MemoryStore::Store());
     EXPECT_EQ(Options.WindowColor, static_cast<ColorValue>(0x8000000F));
     EXPECT_EQ(Options.ButtonForecolor, 255);
     EXPECT_EQ(Options.ButtonHighlight, -2147483633);
@@ -193,7 +192,7 @@ TEST_F(OptionsLoadTest, UserColoursAreTrimmedAndMustBeNumbers)
 
     WriteSetting(Setting::ButtonText, "white");
     try {
-        LoadUserColors();
+        LoadUserColors(MemoryStore::Store());
         FAIL() << "a colour that is not a number must raise";
     } catch (const RuntimeError& e) {
         EXPECT_EQ(e.number, Err::TypeMismatch);

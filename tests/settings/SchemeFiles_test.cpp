@@ -13,7 +13,7 @@
 
 namespace {
 
-class SchemeFilesTest : public ::testing::Test {
+class SchemeFilesTest : public ::testing::Test, public ErrorReporter {
 protected:
     void SetUp() override
     {
@@ -21,14 +21,17 @@ protected:
         work = ProgramFolder() + "\\schemefiles-test";
         TestEnv::CleanFolder(work);
         TestEnv::CleanFolder(ProgramFolder() + "\\incoming");
-        SetErrorReporter([this](const ErrorReport& r) {
-            reports.push_back(r);
-            return AnswerIgnore;
-        });
+        SetErrorReporter(this);
     }
+    int Report(const ErrorReport& r) override
+    {
+        reports.push_back(r);
+        return AnswerIgnore;
+    }
+    void Abort() override {}
     void TearDown() override
     {
-        SetErrorReporter({});
+        SetErrorReporter(nullptr);
         AOLPath.clear();
         TestEnv::RemoveFolder(work);
         TestEnv::RemoveFolder(ProgramFolder() + "\\incoming");
@@ -122,7 +125,7 @@ TEST_F(SchemeFilesTest, ImportFollowsTheLineRules)
     for (const char* name : {"Caps", "Bare", "Over"}) UpdateFadeReg(work + "\\", name);
     EXPECT_TRUE(reports.empty());
 
-    SchemeTexts caps = ReadScheme("Caps");
+    SchemeTexts caps = ReadScheme(Registry(), "Caps");
     EXPECT_EQ(caps.fadeNumber, "2");
     EXPECT_EQ(caps.colors[0], "255");
     EXPECT_EQ(caps.bold, "True");

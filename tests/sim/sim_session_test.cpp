@@ -129,7 +129,8 @@ TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
     // The Welcome window is gone; the keyword brings it back.
     SendMessageA(sim.mdi(), WM_MDIDESTROY, (WPARAM)ChildByCaption(sim.mdi(), "Welcome, Zun Tester!"), 0);
     for (const char* keyword : {"-swelcome", "-shttp://example.com/support.html"}) {
-        STARTUPINFOA si{sizeof si};
+        STARTUPINFOA si{};
+        si.cb = sizeof si;
         PROCESS_INFORMATION pi{};
         std::string line = "\"" + SimFolder(5) + "\\waol.exe\" " + keyword;
         ASSERT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi));
@@ -149,7 +150,8 @@ TEST(SimSession, KeywordWithoutRunningAolStartsIt) {
 }
 
 TEST(SimSession, LauncherStartsWaolBesideIt) {
-    STARTUPINFOA si{sizeof si};
+    STARTUPINFOA si{};
+    si.cb = sizeof si;
     PROCESS_INFORMATION pi{};
     std::string line = "\"" + SimFolder(4) + "\\aol.exe\" --edition ca";
     ASSERT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi));

@@ -1,6 +1,6 @@
 // The window base and platform helpers under Wine: the live pause, placing
 // forms on screen, unloading every form, the error report's answers, and
-// choosing and painting the interface colour modes.
+// choosing and painting the interface colour modes and buttons.
 #include <gtest/gtest.h>
 
 #include "AOLState.h"
@@ -264,6 +264,27 @@ TEST(UIMode, ButtonsAndFormsPaintTheModesColours)
     SetButtonColor(untouched);
     EXPECT_EQ(untouched.BackColor, 0x00010203);
     Options.UIMode = 0;
+}
+
+TEST(UIMode, AButtonLetsGoOfItsControlWhenItGoesOrMoves)
+{
+    TestForm form("frmButtons");
+    ASSERT_TRUE(form.Load());
+    form.Show();
+    HWND control = nullptr;
+    {
+        ZunButton button;
+        control = button.Create(form.hwnd(), 1003, "Gone", 10, 10, 100, 30);
+        EXPECT_EQ(OwnerDrawn::Of(control), &button);
+    }
+    EXPECT_EQ(OwnerDrawn::Of(control), nullptr) << "the control still points at a dead button";
+    // A late repaint of the control now goes to the default drawing.
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    FlatButton flat;
+    HWND first = flat.Create(form.hwnd(), 1004, "A", 120, 10, 30, 30);
+    flat.Attach(control);
+    EXPECT_EQ(OwnerDrawn::Of(first), nullptr);
+    EXPECT_EQ(OwnerDrawn::Of(control), &flat);
 }
 
 TEST(Platform, ZOrderHelpWindowAndVersionText)
