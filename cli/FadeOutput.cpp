@@ -79,28 +79,34 @@ void EachCharacter(const std::string& faded, const std::string& text, TextEncodi
     }
 }
 
-// AOL HTML as the engine writes it, the line's own characters in it.
-void AolLine(const std::string& faded, const std::string& text, std::string& out)
+// Hands the output on once it is large, so that a long line is never held
+// twice over.
+void HandOnWhenLarge(std::string& out, OutputSink& sink)
+{
+    if (out.size() < kHandOnAt) return;
+    sink.Write(out.data(), out.size());
+    out.clear();
+}
+
+// AOL HTML as the engine writes it, the line's own characters in it. What
+// lies between two stand-ins (tags and spaces) is copied as it is; the
+// text's spaces are the same spaces.
+void AolLine(const std::string& faded, const std::string& text, std::string& out, OutputSink& sink)
 {
     const char* t = text.data();
     const char* p = faded.data();
     const char* const end = p + faded.size();
-    while (p < end) {
-        if (*p == '<') {  // a tag, copied whole: "<FONT COLOR=...>" holds a space
-            const char* close = static_cast<const char*>(std::memchr(p, '>', static_cast<std::size_t>(end - p))) + 1;
-            out.append(p, close);
-            p = close;
-        } else if (*p == ' ') {
-            out += ' ';
-            ++t;
-            ++p;
-        } else {
-            const std::size_t length = Utf8Length(static_cast<unsigned char>(*t));
-            out.append(t, length);
-            t += length;
-            ++p;
-        }
+    while (const void* found = std::memchr(p, kStandIn, static_cast<std::size_t>(end - p))) {
+        const char* standIn = static_cast<const char*>(found);
+        out.append(p, standIn);
+        while (*t == ' ') ++t;
+        const std::size_t length = Utf8Length(static_cast<unsigned char>(*t));
+        out.append(t, length);
+        t += length;
+        p = standIn + 1;
+        HandOnWhenLarge(out, sink);
     }
+    out.append(p, end);
 }
 
 // Terminal colours: 24-bit foreground, bold 1, italic 3, underline 4,
@@ -316,12 +322,16 @@ public:
     void Character(std::string& out, const Look& look, const char* c, std::size_t length)
     {
         if (look.colored && (first_ || !look.SameColor(current_))) {
-            out += section_;
-            out += 'x';
-            for (int shift = 20; shift >= 0; shift -= 4) {
-                out += section_;
-                out += "0123456789abcdef"[(look.rgb >> shift) & 15];
+            // Put together on the stack: it is written for nearly every character.
+            char code[32];
+            char* p = code;
+            const std::size_t marker = std::strlen(section_);
+            for (int shift = 24; shift >= 0; shift -= 4) {
+                std::memcpy(p, section_, marker);
+                p += marker;
+                *p++ = shift == 24 ? 'x' : "0123456789abcdef"[(look.rgb >> shift) & 15];
             }
+            out.append(code, p);
             StylesAgain(out);
         } else if (first_) {
             StylesAgain(out);
@@ -388,10 +398,7 @@ void Render(Renderer renderer, const std::string& faded, const std::string& text
     renderer.Begin(out);
     EachCharacter(faded, text, encoding, [&](const Look& look, const char* c, std::size_t length) {
         renderer.Character(out, look, c, length);
-        if (out.size() >= kHandOnAt) {
-            sink.Write(out.data(), out.size());
-            out.clear();
-        }
+        HandOnWhenLarge(out, sink);
     });
     renderer.End(out);
 }
@@ -413,7 +420,7 @@ bool FadeWriter::Line(const std::string& line)
     FadeEngine(shadow_);
     const Styles styles{Options.Bold, Options.Italic, Options.ULine};
     switch (format_) {
-    case FadeFormat::Aol: AolLine(shadow_, line, out_); out_ += '\n'; break;
+    case FadeFormat::Aol: AolLine(shadow_, line, out_, sink_); out_ += '\n'; break;
     case FadeFormat::Ansi: Render(AnsiLine(styles, encoding_), shadow_, line, encoding_, out_, sink_); break;
     case FadeFormat::Html: Render(HtmlLine(styles, true), shadow_, line, encoding_, out_, sink_); break;
     case FadeFormat::HtmlFragment: Render(HtmlLine(styles, false), shadow_, line, encoding_, out_, sink_); break;
