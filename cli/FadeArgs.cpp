@@ -54,6 +54,8 @@ const char* const kFadeUsage =
     "    minecraft          §x§R§R§G§G§B§B colour codes with §l, §o, §n; Minecraft\n"
     "                       cannot show a \"§\" of the text, which is written as \"S\"\n"
     "                         prismo-fade --format minecraft --colors '#FF0000,#0000FF' Hi\n"
+    "  --                   the words after it are text, even those starting with --\n"
+    "                         prismo-fade --colors '#FF0000,#0000FF' -- --wavy--\n"
     "  --help               this text\n"
     "\n"
     "Exit status: 0 done; 1 the input could not be read or the output written;\n"

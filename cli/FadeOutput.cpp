@@ -379,10 +379,10 @@ void FadeWriter::Start()
 void FadeWriter::End()
 {
     if (format_ == FadeFormat::Html) out_ += "</body>\n</html>\n";
-    Hand(true);
+    HandOn(true);
 }
 
-void FadeWriter::Hand(bool all)
+void FadeWriter::HandOn(bool all)
 {
     if (out_.empty() || (!all && out_.size() < kHandOnAt)) return;
     sink_.Write(out_.data(), out_.size());
@@ -411,7 +411,7 @@ bool FadeWriter::Line(const std::string& line)
         // The engine's own output needs no characters put back.
         std::string faded = line;
         FadeEngine(faded);
-        Hand(true);
+        HandOn(true);
         sink_.Write(faded.data(), faded.size());
         out_ += '\n';
         return true;
@@ -427,6 +427,6 @@ bool FadeWriter::Line(const std::string& line)
     case FadeFormat::BBCode: Render(BBCodeLine(styles, encoding_), shadow_, line, encoding_, out_, sink_); break;
     case FadeFormat::Minecraft: Render(MinecraftLine(styles, encoding_), shadow_, line, encoding_, out_, sink_); break;
     }
-    Hand(false);
+    HandOn(false);
     return true;
 }

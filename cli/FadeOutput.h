@@ -30,7 +30,7 @@ public:
     void End();                            // a page's end; hands on what is left
 
 private:
-    void Hand(bool all);
+    void HandOn(bool all);  // to the sink: all of the output, or only once it is large
 
     FadeFormat format_;
     TextEncoding encoding_;
