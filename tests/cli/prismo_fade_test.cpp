@@ -313,6 +313,23 @@ TEST(PrismoFade, AnsiNeverPassesTheTextsControlCharactersToTheTerminal)
     EXPECT_EQ(RunFade({"--format", "ansi"}, "\x1b\xC2\x9B\n", "LC_ALL=C").out, "\x1b[0m^[\xC2\x9B\x1b[0m\n");
 }
 
+TEST(PrismoFade, HelpShowsEveryOptionAndFormatInAnExample)
+{
+    const std::string help = Out({"--help"});
+    std::vector<std::string> examples;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);)
+        if (line.find("  prismo-fade ") != std::string::npos) examples.push_back(line + " ");
+    for (const char* shown : {"--colors ", "--fade-number ", "--solid ", "--bold ", "--italic ", "--underline ",
+                              "--wavy ", "--wave-phase ", "--scheme ", "--encoding utf-8 ", "-- ",
+                              "--format aol ", "--format html ", "--format html-fragment ", "--format ansi ",
+                              "--format bbcode ", "--format minecraft "}) {
+        bool found = false;
+        for (const std::string& example : examples) found = found || example.find(shown) != std::string::npos;
+        EXPECT_TRUE(found) << shown << "has no example in\n" << help;
+    }
+}
+
 TEST(PrismoFade, BadInputIsOneLineOnStandardErrorAndStatusTwo)
 {
     const std::string broken = TempPath("broken.fde");
