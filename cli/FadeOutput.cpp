@@ -411,9 +411,14 @@ bool FadeWriter::Line(const std::string& line)
         // The engine's own output needs no characters put back.
         std::string faded = line;
         FadeEngine(faded);
-        HandOn(true);
-        sink_.Write(faded.data(), faded.size());
+        if (faded.size() < kHandOnAt) {
+            out_ += faded;
+        } else {  // a long line goes straight on rather than being copied again
+            HandOn(true);
+            sink_.Write(faded.data(), faded.size());
+        }
         out_ += '\n';
+        HandOn(false);
         return true;
     }
     if (!CharacterShadow(line, encoding_, kStandIn, shadow_)) return false;
