@@ -6,14 +6,61 @@
 
 const char* const kFadeUsage =
     "usage: prismo-fade [options] [text ...]\n"
-    "Fades each line of the text (the arguments, else standard input) into AOL HTML.\n"
+    "Fades each line of the text (the arguments joined by spaces, else standard input)\n"
+    "and writes one line for each, one colour to each character.\n"
+    "\n"
+    "Options:\n"
     "  --colors C1,C2,...   up to six colours, each #RRGGBB or a decimal colour value\n"
-    "  --fade-number N      colours in use (default: the number of colours given)\n"
+    "                       as Prismo stores it (0x00BBGGRR: 255 is red)\n"
+    "                         prismo-fade --colors '#FF0000,16711680' \"Hi all\"\n"
+    "  --fade-number N      colours in use (default: as many as given; colours not\n"
+    "                       given are black; other than 1 to 6: no colour)\n"
+    "                         prismo-fade --fade-number 3 --colors '#FF0000,#00FF00' abc\n"
     "  --solid              the colours take turns instead of fading\n"
-    "  --bold --italic --underline --wavy\n"
-    "  --wave-phase N       where the wave starts, 0 to 5 (default 0)\n"
-    "  --scheme FILE.fde    fade number, colours and styles from a scheme file\n"
-    "  --format aol|html|ansi   AOL HTML (default), a web page, or terminal colours\n";
+    "                         prismo-fade --solid --colors '#FF0000,#0000FF' \"a b c\"\n"
+    "  --bold               the whole line bold\n"
+    "                         prismo-fade --bold --colors '#FF0000,#0000FF' Hi\n"
+    "  --italic             the whole line italic\n"
+    "                         prismo-fade --italic --colors '#FF0000,#0000FF' Hi\n"
+    "  --underline          the whole line underlined\n"
+    "                         prismo-fade --underline --colors '#FF0000,#0000FF' Hi\n"
+    "  --wavy               characters go up and down (raised, level, lowered, level);\n"
+    "                       bbcode and minecraft have no raised text and show it level\n"
+    "                         prismo-fade --wavy --colors '#FF0000,#0000FF' wave\n"
+    "  --wave-phase N       where the wave starts, 0 to 5 (default 0); the wave\n"
+    "                       carries on from line to line\n"
+    "                         prismo-fade --wavy --wave-phase 3 --colors '#FF0000' wave\n"
+    "  --scheme FILE.fde    fade number, colours and styles from a Prismo scheme file\n"
+    "                       (at most 64 KB); options on the command line win\n"
+    "                         prismo-fade --scheme 'Cool Fade.fde' < chat.txt\n"
+    "  --encoding utf-8|ansi  how characters are told apart: UTF-8 (a character may\n"
+    "                       take several bytes; the default where the locale is UTF-8)\n"
+    "                       or ANSI (a byte is a character; the default otherwise and\n"
+    "                       on a Windows console); the output is in the same encoding\n"
+    "                         prismo-fade --encoding utf-8 --colors '#FF0000,#0000FF' Ñandú\n"
+    "  --format F           what to write (default aol):\n"
+    "    aol                AOL HTML, as Prismo sends it into a chat room\n"
+    "                         prismo-fade --format aol --colors '#FF0000,#0000FF' Hi\n"
+    "    html               a standalone web page, a paragraph per line\n"
+    "                         prismo-fade --format html --colors '#FF0000,#0000FF' < a.txt > a.html\n"
+    "    html-fragment      <span style=\"color:#RRGGBB\"> runs, <br> after each line\n"
+    "                         prismo-fade --format html-fragment --colors '#FF0000,#0000FF' Hi\n"
+    "    ansi               24-bit colours for a terminal; control characters of the\n"
+    "                       text shown as ^[ and so on\n"
+    "                         prismo-fade --format ansi --colors '#FF0000,#0000FF' Hi\n"
+    "    bbcode             forum [color=#RRGGBB] runs in [b], [i], [u]; a \"[\" of the\n"
+    "                       text is followed by an invisible break so \"[b]\" shows as typed\n"
+    "                         prismo-fade --format bbcode --colors '#FF0000,#0000FF' Hi\n"
+    "    minecraft          §x§R§R§G§G§B§B colour codes with §l, §o, §n; Minecraft\n"
+    "                       cannot show a \"§\" of the text, which is written as \"S\"\n"
+    "                         prismo-fade --format minecraft --colors '#FF0000,#0000FF' Hi\n"
+    "  --                   the words after it are text, even those starting with --\n"
+    "                         prismo-fade --colors '#FF0000,#0000FF' -- --wavy--\n"
+    "  --help               this text\n"
+    "\n"
+    "Exit status: 0 done; 1 the input could not be read or the output written;\n"
+    "2 bad options, colours or scheme file (nothing written), or a line that is not\n"
+    "valid in its encoding (the lines before it stand).\n";
 
 namespace {
 
@@ -109,8 +156,18 @@ FadeFormat ParseFormat(const std::string& text)
 {
     if (text == "aol") return FadeFormat::Aol;
     if (text == "html") return FadeFormat::Html;
+    if (text == "html-fragment") return FadeFormat::HtmlFragment;
     if (text == "ansi") return FadeFormat::Ansi;
-    throw FadeArgsError("unknown format \"" + text + "\": use aol, html or ansi");
+    if (text == "bbcode") return FadeFormat::BBCode;
+    if (text == "minecraft") return FadeFormat::Minecraft;
+    throw FadeArgsError("unknown format \"" + text + "\": use aol, html, html-fragment, ansi, bbcode or minecraft");
+}
+
+TextEncoding ParseEncoding(const std::string& text)
+{
+    if (text == "utf-8" || text == "UTF-8" || text == "utf8") return TextEncoding::Utf8;
+    if (text == "ansi" || text == "ANSI") return TextEncoding::Ansi;
+    throw FadeArgsError("unknown encoding \"" + text + "\": use utf-8 or ansi");
 }
 
 bool SetSwitch(const std::string& name, OptionsRecord& fade)
@@ -150,6 +207,8 @@ bool SetValue(const Option& option, ArgReader& reader, FadeRequest& request, std
         if (request.schemePath.empty()) throw FadeArgsError("--scheme needs a file name");
     } else if (name == "--format") {
         request.format = ParseFormat(reader.Value(option));
+    } else if (name == "--encoding") {
+        request.encoding = ParseEncoding(reader.Value(option));
     } else {
         return false;
     }

@@ -2,7 +2,9 @@
 // it asks for. Decides everything; reads and writes nothing.
 #pragma once
 
+#include "FadeOutput.h"
 #include "Options.h"
+#include "TextEncoding.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,12 +12,11 @@
 #include <string>
 #include <vector>
 
-enum class FadeFormat { Aol, Html, Ansi };
-
 struct FadeRequest {
     OptionsRecord fade;                 // the working fade the lines go through
     std::int16_t wavePhase = 0;         // WavePhase before the first line
     FadeFormat format = FadeFormat::Aol;
+    std::optional<TextEncoding> encoding;  // --encoding; else the locale's
     std::string schemePath;             // --scheme, still to be read; empty when none
     std::optional<std::string> text;    // the arguments joined by spaces, else none
     bool help = false;
@@ -41,6 +42,9 @@ FadeRequest ParseFadeArgs(const std::vector<std::string>& args);
 // Reads a scheme file's text into the request's fade, keeping whatever the
 // command line set explicitly. Throws FadeArgsError for a malformed file.
 void ApplyScheme(const std::string& contents, FadeRequest& request);
+
+// Scheme files are small; a larger one is not a scheme file.
+constexpr std::size_t kLargestSchemeFile = 64 * 1024;
 
 // The usage text for --help.
 extern const char* const kFadeUsage;

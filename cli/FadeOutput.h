@@ -1,23 +1,39 @@
-// How prismo-fade shows a faded line: as AOL would show it, character by
-// character, on a web page or in a 24-bit colour terminal.
+// How prismo-fade writes a faded line: as AOL HTML, or in one of the formats
+// that today's chats, forums, games and terminals read, character by
+// character with the colour and wave the fade engine gave each character.
 #pragma once
 
-#include "AolHtml.h"
+#include "Options.h"
+#include "TextEncoding.h"
 
+#include <cstddef>
 #include <string>
-#include <vector>
 
-// Fades one line through FadeEngine (one call, with the working fade in
-// Options and WavePhase as it stands) and returns what AOL shows of the
-// result: the line's own characters with the colour and style each got.
-// Whatever the line holds, "<" included, comes back as text.
-std::vector<AolRun> FadeLineRuns(const std::string& line);
+enum class FadeFormat { Aol, Html, HtmlFragment, Ansi, BBCode, Minecraft };
 
-// A standalone page: the head, one block per faded line, and the end.
-std::string HtmlPageStart();
-std::string HtmlLine(const std::vector<AolRun>& runs, bool colored);
-std::string HtmlPageEnd();
+// Where the written text goes. Write either takes all of it or throws.
+class OutputSink {
+public:
+    virtual ~OutputSink() = default;
+    virtual void Write(const char* data, std::size_t size) = 0;
+};
 
-// One terminal line, ending in a reset and "\n". Without colour (no fade
-// in use) the terminal's own colour stays.
-std::string AnsiLine(const std::vector<AolRun>& runs, bool colored);
+// Fades lines one by one through FadeEngine (with the working fade in
+// Options and WavePhase as they stand) and writes them to the sink in one
+// format. Output is handed on in pieces of about 64 KB, and all of it by End.
+class FadeWriter {
+public:
+    FadeWriter(FadeFormat format, TextEncoding encoding, OutputSink& sink);
+
+    void Start();                          // a page's head, where the format has one
+    bool Line(const std::string& line);    // false, writing nothing, when not valid in the encoding
+    void End();                            // a page's end; hands on what is left
+
+private:
+    void HandOn(bool all);  // to the sink: all of the output, or only once it is large
+
+    FadeFormat format_;
+    TextEncoding encoding_;
+    OutputSink& sink_;
+    std::string shadow_, out_;
+};
