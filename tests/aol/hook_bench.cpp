@@ -7,7 +7,7 @@
 
 #include <cstdio>
 
-#include "AOLSim.h"
+#include "SimHarness.h"
 #include "SubClass.h"
 
 namespace {
