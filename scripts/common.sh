@@ -70,10 +70,11 @@ prismo_display() {
 
 # Ends the Xvfb that prismo_display started, and only that one.
 prismo_stop_display() {
-    [ -n "$PRISMO_XVFB_PID" ] || return 0
-    kill "$PRISMO_XVFB_PID" 2>/dev/null
-    wait "$PRISMO_XVFB_PID" 2>/dev/null
-    PRISMO_XVFB_PID=""
+    if [ -n "$PRISMO_XVFB_PID" ]; then
+        kill "$PRISMO_XVFB_PID" 2>/dev/null || true
+        wait "$PRISMO_XVFB_PID" 2>/dev/null || true
+        PRISMO_XVFB_PID=""
+    fi
 }
 
 # prismo_wineprefix NAME: a fresh Wine prefix of the script's own,
@@ -117,6 +118,5 @@ prismo_wineprefix() {
 
 # Ends every Wine program of this script's own prefix (and no other).
 prismo_stop_wine() {
-    [ -n "${WINEPREFIX:-}" ] && wineserver -k 2>/dev/null
-    true
+    if [ -n "${WINEPREFIX:-}" ]; then wineserver -k 2>/dev/null || true; fi
 }

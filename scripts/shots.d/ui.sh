@@ -36,7 +36,7 @@ if xdpyinfo -display ":$low" >/dev/null 2>&1; then
 fi
 Xvfb ":$low" -screen 0 1024x768x8 -nolisten tcp >/dev/null 2>&1 &
 xvfb=$!
-trap 'kill $xvfb 2>/dev/null || true' EXIT
+trap 'kill $xvfb 2>/dev/null || true; wait $xvfb 2>/dev/null || true' EXIT
 for _ in $(seq 100); do
     xdpyinfo -display ":$low" >/dev/null 2>&1 && break
     kill -0 $xvfb 2>/dev/null || break
