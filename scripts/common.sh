@@ -1,5 +1,6 @@
-# Shared by scripts/test, scripts/demo and scripts/shots: install what the
-# project needs, build it three ways, and set up Wine on a virtual display.
+# Shared by scripts/test, scripts/demo, scripts/shots and scripts/bench-chat:
+# install what the project needs, build it three ways, and give each script
+# its own virtual display and Wine prefix, so that two of them can run at once.
 # Source it; it defines functions only.
 
 PRISMO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -7,7 +8,7 @@ BUILD=${PRISMO_BUILD:-$PRISMO_ROOT/build}
 
 PRISMO_PACKAGES="cmake ninja-build clang clang-14 libclang-rt-14-dev googletest libbenchmark-dev
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 binutils-mingw-w64 mingw-w64-tools
-  wine wine64 fonts-wine xvfb xdotool x11-utils imagemagick lolcat nsis python3"
+  wine wine64 fonts-wine xvfb xdotool x11-utils imagemagick python3"
 
 prismo_install_deps() {
     local missing=""
@@ -41,33 +42,62 @@ prismo_build_win32() {
     cmake --build "$BUILD/win32"
 }
 
-# An X display: the one we have, or a private Xvfb at 24 bits.
+# prismo_display NUMBER: the X display a script runs on. A display of the
+# user's own is used as it is; otherwise the script starts its own Xvfb (24
+# bits) on :NUMBER, records its process id in PRISMO_XVFB_PID and checks that
+# it answers. A display number already taken is not borrowed: another run
+# owns it. Without NUMBER (by hand), :PRISMO_XVFB_DISPLAY, kept if running.
+PRISMO_XVFB_PID=""
 prismo_display() {
     if [ -n "${DISPLAY:-}" ] && xdpyinfo >/dev/null 2>&1; then return 0; fi
-    local n=${PRISMO_XVFB_DISPLAY:-77}
-    if ! xdpyinfo -display ":$n" >/dev/null 2>&1; then
-        Xvfb ":$n" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-        for _ in $(seq 50); do xdpyinfo -display ":$n" >/dev/null 2>&1 && break; sleep 0.1; done
+    local n=${1:-${PRISMO_XVFB_DISPLAY:-77}}
+    if xdpyinfo -display ":$n" >/dev/null 2>&1; then
+        [ -z "${1:-}" ] && { export DISPLAY=":$n"; return 0; }
+        echo "display :$n is already in use by another run; choose another number" >&2
+        return 1
     fi
-    export DISPLAY=":$n"
+    Xvfb ":$n" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+    PRISMO_XVFB_PID=$!
+    for _ in $(seq 100); do
+        kill -0 "$PRISMO_XVFB_PID" 2>/dev/null || break
+        xdpyinfo -display ":$n" >/dev/null 2>&1 && { export DISPLAY=":$n"; return 0; }
+        sleep 0.1
+    done
+    echo "Xvfb did not start on :$n" >&2
+    prismo_stop_display
+    return 1
 }
 
-# A fresh Wine prefix under the build folder. Every program runs inside one
-# virtual desktop (hooks, FindWindow and focus are per desktop); the programs
-# that check the system are told they run on Windows 98.
+# Ends the Xvfb that prismo_display started, and only that one.
+prismo_stop_display() {
+    if [ -n "$PRISMO_XVFB_PID" ]; then
+        kill "$PRISMO_XVFB_PID" 2>/dev/null || true
+        wait "$PRISMO_XVFB_PID" 2>/dev/null || true
+        PRISMO_XVFB_PID=""
+    fi
+}
+
+# prismo_wineprefix NAME: a fresh Wine prefix of the script's own,
+# $BUILD/prefix-NAME (without NAME, by hand: $BUILD/wineprefix, where ctest
+# looks). Every program runs inside one virtual desktop (hooks, FindWindow
+# and focus are per desktop); the programs that check the system are told
+# they run on Windows 98.
 prismo_wineprefix() {
-    export WINEPREFIX="$BUILD/wineprefix"
+    local name=${1:+prefix-$1}
+    export WINEPREFIX="$BUILD/${name:-wineprefix}"
     export WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree,mshtml="
     wineserver -k 2>/dev/null || true
     rm -rf "$WINEPREFIX"
-    wineboot -i >/dev/null 2>&1
-    wineserver -w
+    if ! wineboot -i >/dev/null 2>&1 || ! wineserver -w || [ ! -f "$WINEPREFIX/system.reg" ]; then
+        echo "wineboot could not set up the Wine prefix $WINEPREFIX" >&2
+        return 1
+    fi
     # Marlett draws the caption buttons and Tahoma is the dialogs' face; the
     # fresh prefix does not pick them up from Wine's own folder by itself.
     cp /usr/share/wine/fonts/marlett.ttf /usr/share/wine/fonts/tahoma*.ttf \
         "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
-    local reg="$BUILD/prefix.reg"
+    local reg="$WINEPREFIX.reg"
     {
         echo 'REGEDIT4'
         echo
@@ -84,4 +114,9 @@ prismo_wineprefix() {
     } > "$reg"
     wine regedit /S "$(winepath -w "$reg")" >/dev/null 2>&1
     wineserver -w
+}
+
+# Ends every Wine program of this script's own prefix (and no other).
+prismo_stop_wine() {
+    if [ -n "${WINEPREFIX:-}" ]; then wineserver -k 2>/dev/null || true; fi
 }

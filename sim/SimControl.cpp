@@ -153,6 +153,22 @@ bool Children(const Args&, std::string& reply) {
     return true;
 }
 
+// Which of the windows Prismo hooks carry a window procedure that is not
+// their class's own: another program has subclassed them. One line each,
+// name TAB "subclassed" or "own"; the room's windows only while one is open.
+bool Subclassed(const Args&, std::string& reply) {
+    auto describe = [&reply](const char* name, HWND w) {
+        const bool foreign = GetWindowLongPtrA(w, GWLP_WNDPROC) != (LONG_PTR)GetClassLongPtrA(w, GCLP_WNDPROC);
+        reply += std::string(name) + "\t" + (foreign ? "subclassed" : "own") + "\n";
+    };
+    describe("frame", Sim().frame);
+    if (SimChild* room = TopChild("room")) {
+        describe("input", RoomInput(room));
+        describe("send", RoomSendIcon(room));
+    }
+    return true;
+}
+
 const std::map<std::string, Handler>& Commands() {
     static const std::map<std::string, Handler> commands{
         {"ping", [](const Args&, std::string& r) { r = "pong\n"; return true; }},
@@ -192,6 +208,14 @@ const std::map<std::string, Handler>& Commands() {
         {"caption", [](const Args&, std::string& r) { r = WindowText(Sim().frame) + "\n"; return true; }},
         {"windows", Windows},
         {"children", Children},
+        {"subclassed", Subclassed},
+        // Paints whatever is still to be painted before answering, so a
+        // screenshot taken next shows everything asked for so far.
+        {"paint",
+         [](const Args&, std::string&) {
+             RedrawWindow(Sim().frame, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+             return true;
+         }},
     };
     return commands;
 }

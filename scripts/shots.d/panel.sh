@@ -7,12 +7,14 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 build=${PRISMO_BUILD:-$root/build}
 scenes="$build/win64/tests/chat/panel_scenes.exe"
 aol="$build/win64/aolsim/aol40/waol.exe"
-for f in "$scenes" "$aol"; do [ -x "$f" ] || { echo "panel.sh: $f is not built"; exit 1; }; done
+ctl="$build/win64/aolsim/aolsimctl.exe"
+for f in "$scenes" "$aol" "$ctl"; do [ -x "$f" ] || { echo "panel.sh: $f is not built"; exit 1; }; done
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
 mkdir -p "$PRISMO_SHOTS"
 declare -F shot >/dev/null || shot() { import -window root "$PRISMO_SHOTS/$1.png"; }
+source "$root/scripts/shots.d/scene.bash"
 
 # The shipped schemes, as the installer leaves them.
 wine regedit /S "$(winepath -w "$root/data/schemes/Schemes.reg")" >/dev/null 2>&1
@@ -20,18 +22,9 @@ wine regedit /S "$(winepath -w "$root/data/schemes/Schemes.reg")" >/dev/null 2>&
 "$root/scripts/wine-run" "$aol" --room "Lobby 12" --signed-on "Zun Tester" &
 aolpid=$!
 trap 'kill $aolpid 2>/dev/null || true' EXIT
-sleep "${PRISMO_SCENE_WAIT:-3}"
+"$root/scripts/wine-run" "$ctl" wait 60  # its chat room is open
 
-# scene NAME ARGS...: start the scene, let it draw, photograph it, end it.
-scene() {
-    local name=$1; shift
-    "$root/scripts/wine-run" "$scenes" "$@" &
-    local pid=$!
-    sleep "${PRISMO_SCENE_WAIT:-3}"
-    shot "$name"
-    kill "$pid" 2>/dev/null || true
-    wait "$pid" 2>/dev/null || true
-}
+scene() { run_scene "$scenes" "$@"; }
 
 scene panel-loading loading
 scene panel-folder-picker picker "$(winepath -w "$build/win64/aolsim/aol40")"

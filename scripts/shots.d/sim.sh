@@ -30,7 +30,7 @@ say "$(faded --colors '#0000FF,#00CCFF' --bold 'bold and blue')"
 say "$(faded --colors '#AA0000,#0000AA' --wavy --italic 'wavy italic line')"
 say "$(faded --colors '#008800,#888800' --underline --solid 'solid underlined')"
 run "$ctl" type "typing here..."
-sleep 1
+run "$ctl" paint
 shot sim-chat
 
 run "$ctl" open-mail
@@ -38,5 +38,5 @@ run "$ctl" mail-subject "Cool Fade" >/dev/null
 run "$ctl" mail-text "Hello!  "
 run "$ctl" mail-select 7 0
 run "$ctl" mail-paste "$(faded --colors '#FF0000,#0000FF' 'This mail was faded by Prismo.')"
-sleep 1
+run "$ctl" paint
 shot sim-mail

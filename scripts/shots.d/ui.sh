@@ -13,17 +13,8 @@ export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
 mkdir -p "$PRISMO_SHOTS"
 declare -F shot >/dev/null || shot() { import -window root "$PRISMO_SHOTS/$1.png"; }
-
-# scene NAME ARGS...: start the scene, let it draw, photograph it, end it.
-scene() {
-    local name=$1; shift
-    "$root/scripts/wine-run" "$scenes" "$@" &
-    local pid=$!
-    sleep "${PRISMO_SCENE_WAIT:-3}"
-    shot "$name"
-    kill "$pid" 2>/dev/null || true
-    wait "$pid" 2>/dev/null || true
-}
+source "$root/scripts/shots.d/scene.bash"
+scene() { run_scene "$scenes" "$@"; }
 
 scene ui-msg-chatroom chatroom
 scene ui-msg-paragraphs paragraphs
@@ -35,16 +26,30 @@ for mode in 0 1 2; do
 done
 scene ui-buttons-mode1-uk buttons 1 uk
 
-# The 256-colour display: its own 8-bit Xvfb and its own Wine prefix, with
-# mode 2 stored.
-low=${PRISMO_LOWCOLOR_DISPLAY:-$(( ${PRISMO_XVFB_DISPLAY:-83} + 10 ))}
+# The 256-colour display: an 8-bit Xvfb and a Wine prefix of this run's own
+# (ten above the display in use, and beside the prefix in use), mode 2 stored.
+n=${DISPLAY#*:}
+low=${PRISMO_LOWCOLOR_DISPLAY:-$(( ${n%%.*} + 10 ))}
+if xdpyinfo -display ":$low" >/dev/null 2>&1; then
+    echo "ui.sh: display :$low is already in use by another run"
+    exit 1
+fi
 Xvfb ":$low" -screen 0 1024x768x8 -nolisten tcp >/dev/null 2>&1 &
 xvfb=$!
-trap 'kill $xvfb 2>/dev/null || true' EXIT
-for _ in $(seq 50); do xdpyinfo -display ":$low" >/dev/null 2>&1 && break; sleep 0.1; done
+trap 'kill $xvfb 2>/dev/null || true; wait $xvfb 2>/dev/null || true' EXIT
+for _ in $(seq 100); do
+    xdpyinfo -display ":$low" >/dev/null 2>&1 && break
+    kill -0 $xvfb 2>/dev/null || break
+    sleep 0.1
+done
+xdpyinfo -display ":$low" >/dev/null 2>&1 || { echo "ui.sh: the 8-bit Xvfb did not start on :$low"; exit 1; }
 (
-    export DISPLAY=":$low" WINEPREFIX="$build/wineprefix-8bit"
-    [ -d "$WINEPREFIX" ] || { wineboot -i >/dev/null 2>&1; wineserver -w; }
+    export DISPLAY=":$low" WINEPREFIX="${WINEPREFIX:-$build/wineprefix}-8bit"
+    if [ ! -f "$WINEPREFIX/system.reg" ]; then
+        rm -rf "$WINEPREFIX"
+        wineboot -i >/dev/null 2>&1 && wineserver -w
+        [ -f "$WINEPREFIX/system.reg" ] || { echo "ui.sh: wineboot could not set up $WINEPREFIX"; exit 1; }
+    fi
     reg="$build/lowcolor.reg"
     printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Default"\n\n[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\n"Default"="1024x768"\n\n[HKEY_CURRENT_USER\\Software\\Zun Software\\Prismo]\n"UIMode"="2"\n' > "$reg"
     wine regedit /S "$(winepath -w "$reg")" >/dev/null 2>&1

@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "AOLSim.h"
+#include "SimHarness.h"
 #include "AOLState.h"
 #include "modAOLFunctions.h"
 #include "modAOLMenu.h"
@@ -281,7 +281,7 @@ TEST_F(AOLSim, StartingAOLReportsItsStepsAndFindsTheMainWindow)
 
 TEST_F(AOLSim, ASixteenBitAOLIsRefused)
 {
-    TestProcess impostor("\"" + ProgramFolder() + "..\\hook\\sbctarget.exe\" 5 \"AOL FRAME25\"");
+    TestProcess impostor("\"" + TestFolder() + "..\\hook\\sbctarget.exe\" 5 \"AOL FRAME25\"");
     ASSERT_NE(WaitForProcessWindow("AOL FRAME25", impostor.Id()), nullptr);
     EXPECT_FALSE(AOLIsRunning(nullptr));
     EXPECT_NE(messages_.find("A 16 bit version of AOL is currently running!"), std::string::npos);

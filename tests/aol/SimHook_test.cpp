@@ -7,7 +7,7 @@
 
 #include <cstdio>
 
-#include "AOLSim.h"
+#include "SimHarness.h"
 #include "SubClass.h"
 #include "modAOLFunctions.h"
 #include "modFindChild.h"
@@ -38,6 +38,7 @@ protected:
     }
 
     SimAOL sim_;
+    std::string ignored_;
     HWND input_ = nullptr;
     HWND send_ = nullptr;
 };
@@ -157,7 +158,7 @@ protected:
         ResetEvent(ready_);
         char line[400];
         std::snprintf(line, sizeof line, "\"%s..\\hook\\sbcholder.exe\" %s %llx %llx %llx",
-                      ProgramFolder().c_str(), mode.c_str(),
+                      TestFolder().c_str(), mode.c_str(),
                       static_cast<unsigned long long>(reinterpret_cast<ULONG_PTR>(input_)),
                       static_cast<unsigned long long>(reinterpret_cast<ULONG_PTR>(send_)),
                       static_cast<unsigned long long>(reinterpret_cast<ULONG_PTR>(sim_.Frame())));
@@ -182,36 +183,31 @@ TEST_F(HeldHooks, KilledProgramLeavesAOLTypingAndSendingUnchanged)
     EXPECT_EQ(sim_.Ctl("input"), "a\nvisible\n");
     holder_.Kill();
 
-    bool ok = false;
-    EXPECT_LT(Timed("type ~b", ok), 2000u);
-    EXPECT_TRUE(ok);
-    EXPECT_LT(Timed("key enter", ok), 2000u);
-    EXPECT_TRUE(ok);
-    sim_.Ctl("type c");
-    EXPECT_LT(Timed("click-send", ok), 2000u);
+    // AOL goes on with the hooks' owner gone: every key and click arrives.
+    EXPECT_EQ(sim_.Ctl("type ~b", ignored_), 0);
+    EXPECT_EQ(sim_.Ctl("key enter", ignored_), 0);
+    EXPECT_EQ(sim_.Ctl("type c", ignored_), 0);
+    EXPECT_EQ(sim_.Ctl("click-send", ignored_), 0);
     EXPECT_EQ(Transcript(), "a~b\nc\n");
     EXPECT_EQ(sim_.Ctl("ping"), "pong\n");
 }
 
-TEST_F(HeldHooks, HungProgramHoldsAOLUpOnceForNoLongerThanTheTimeout)
+TEST_F(HeldHooks, HungProgramHoldsAOLUpUntilTheTimeoutThenPassesEverything)
 {
     Hold("hang");
     bool ok = false;
-    // The first key waits out the timeout; after it every hook passes
-    // everything at once.
+    // The first key waits for the program until the timeout gives up on it;
+    // after that the keys pass untouched ("~" is not swallowed) and AOL
+    // still answers. (What this costs in time: hook_bench.)
     const DWORD first = Timed("type ~", ok);
     EXPECT_TRUE(ok);
-    EXPECT_GE(first, 1500u);
-    EXPECT_LT(first, 2000u + 1500u);
-    EXPECT_LT(Timed("type hung", ok), 1500u);
-    EXPECT_LT(Timed("key enter", ok), 1500u);
-    sim_.Ctl("type d");
-    const DWORD firstClick = Timed("click-send", ok);
-    EXPECT_LT(firstClick, 1500u);
+    EXPECT_GE(first, 1500u) << "the key did not wait for the program";
+    EXPECT_EQ(sim_.Ctl("type hung", ignored_), 0);
+    EXPECT_EQ(sim_.Ctl("key enter", ignored_), 0);
+    EXPECT_EQ(sim_.Ctl("type d", ignored_), 0);
+    EXPECT_EQ(sim_.Ctl("click-send", ignored_), 0);
     EXPECT_EQ(Transcript(), "~hung\nd\n");
     EXPECT_EQ(sim_.Ctl("ping"), "pong\n");
-    std::printf("with the program hung: first key %lu ms, first click %lu ms\n",
-                static_cast<unsigned long>(first), static_cast<unsigned long>(firstClick));
 }
 
 }  // namespace

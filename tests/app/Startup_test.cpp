@@ -8,35 +8,13 @@
 #include <algorithm>
 #include <set>
 
-#include "AOLSim.h"
+#include "SimHarness.h"
 #include "WineRegistry.h"
 #include "resource.h"
 
 namespace {
 
-std::string Prismo() { return ProgramFolder() + "..\\..\\app\\prismo.exe"; }
-
-// A visible top-level window of process `pid` (any when 0) that has a
-// child with control id `childId`.
-HWND WindowWithChild(DWORD pid, int childId)
-{
-    struct Search {
-        DWORD pid;
-        int child;
-        HWND found;
-    } search{pid, childId, nullptr};
-    EnumWindows(
-        [](HWND w, LPARAM lp) -> BOOL {
-            auto* s = reinterpret_cast<Search*>(lp);
-            DWORD owner = 0;
-            GetWindowThreadProcessId(w, &owner);
-            if ((s->pid && owner != s->pid) || !IsWindowVisible(w) || !GetDlgItem(w, s->child)) return TRUE;
-            s->found = w;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
+std::string Prismo() { return TestFolder() + "..\\..\\app\\prismo.exe"; }
 
 // Waits for the program's message box and returns its marked-up text.
 std::string WaitForMessage(DWORD pid, HWND* box, DWORD ms = 20000)
@@ -46,10 +24,11 @@ std::string WaitForMessage(DWORD pid, HWND* box, DWORD ms = 20000)
     return *box ? WindowText(GetDlgItem(*box, IDC_MSG_AREA)) : "";
 }
 
+// Presses the box's first button and waits until the box has gone.
 void Answer(HWND box)
 {
     PostMessageA(GetDlgItem(box, IDC_MSG_CMD0), BM_CLICK, 0, 0);
-    PumpFor(300);
+    EXPECT_TRUE(PumpUntil([&] { return !IsWindow(box) || !IsWindowVisible(box); }, 10000)) << "the box stayed";
 }
 
 void SetAppVersion(const std::string& version)
@@ -60,23 +39,6 @@ void SetAppVersion(const std::string& version)
     RegSetValueExA(key, "Version", 0, REG_SZ, reinterpret_cast<const BYTE*>(version.c_str()),
                    static_cast<DWORD>(version.size() + 1));
     RegCloseKey(key);
-}
-
-void KillWindowProcess(HWND window)
-{
-    DWORD pid = 0;
-    GetWindowThreadProcessId(window, &pid);
-    if (HANDLE p = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, pid)) {
-        TerminateProcess(p, 1);
-        WaitForSingleObject(p, 5000);
-        CloseHandle(p);
-    }
-}
-
-void EndEveryAOL()
-{
-    for (int i = 0; i < 5; ++i)
-        if (HWND frame = FindWindowA("AOL FRAME25", nullptr)) KillWindowProcess(frame);
 }
 
 // Walks the folder picker to `folder` the way a user does: the drive from
@@ -185,8 +147,7 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     ASSERT_TRUE(frame);
     EXPECT_EQ(WindowText(frame), "America  Online");
     EXPECT_EQ(reinterpret_cast<HWND>(GetWindowLongPtrA(panel, GWLP_HWNDPARENT)), frame);
-    std::string menus;
-    RunCaptured("\"" + SimFolder() + "aolsimctl.exe\" menu", menus);
+    const std::string menus = Ctl({"menu"}).out;
     EXPECT_NE(menus.find("Prism&o"), std::string::npos) << menus;
     DWORD type;
     std::string stored;

@@ -10,6 +10,7 @@
 #include "modAOLFunctions.h"
 #include "modFindChild.h"
 #include "ProgramInfo.h"
+#include "SimHarness.h"
 #include "WindowSurface.h"
 #include "WineRegistry.h"
 #include "modWin32API.h"
@@ -74,15 +75,16 @@ HWND ShownDialog(const std::string& caption)
     return dialog && IsWindowVisible(dialog) ? dialog : nullptr;
 }
 
-// Types `name` into the input box and confirms it.
-std::function<bool()> TypeIntoInputBox(const std::string& name, std::string* prompt = nullptr)
+// Types `name` into the input box and presses OK (or `button`).
+std::function<bool()> TypeIntoInputBox(const std::string& name, std::string* prompt = nullptr,
+                                       int button = IDC_IB_OK)
 {
-    return [name, prompt] {
+    return [name, prompt, button] {
         HWND box = ShownDialog("Prismo");
         if (!box || !GetDlgItem(box, IDC_IB_TEXT)) return false;
         if (prompt) *prompt = TextOf(GetDlgItem(box, IDC_IB_PROMPT));
         SetDlgItemTextA(box, IDC_IB_TEXT, name.c_str());
-        PostMessageA(GetDlgItem(box, IDC_IB_OK), BM_CLICK, 0, 0);
+        PostMessageA(GetDlgItem(box, button), BM_CLICK, 0, 0);
         return true;
     };
 }
@@ -202,10 +204,19 @@ TEST_F(ChatToolsTest, SavingUnderAnExistingNameAsksAndYesOverwritesOnce)
 TEST_F(ChatToolsTest, CancelledOrEmptyNameSavesNothing)
 {
     const auto before = TestEnv::ProgramTree();
-    Answerer empty(TypeIntoInputBox(""));
+    const size_t entries = ListEntries(panel().cboSchemes).size();
+    {
+        Answerer empty(TypeIntoInputBox(""));
+        ClickAndSettle(panel().cmdSave.hwnd());
+        EXPECT_TRUE(empty.Done());
+    }
+    // A name typed and then Cancel pressed is no name at all.
+    Answerer cancelled(TypeIntoInputBox("Never Saved", nullptr, IDC_IB_CANCEL));
     ClickAndSettle(panel().cmdSave.hwnd());
-    EXPECT_TRUE(empty.Done());
+    EXPECT_TRUE(cancelled.Done());
     EXPECT_EQ(TestEnv::ProgramTree(), before);
+    EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Never Saved"));
+    EXPECT_EQ(ListEntries(panel().cboSchemes).size(), entries);
 }
 
 TEST_F(ChatToolsTest, DeleteRemovesTheKeyAndLoadsTheFirstScheme)
@@ -261,6 +272,10 @@ TEST_F(ChatToolsTest, SolidSwitchIsStoredButNotPartOfASavedScheme)
     EXPECT_EQ(Stored("Colors", "SolidFade"), "True");
     Answerer name(TypeIntoInputBox("Solid One"));
     ClickAndSettle(panel().cmdSave.hwnd());
+    ASSERT_TRUE(name.Done());
+    // The scheme was saved (Cool Fade's colours) but without the switch.
+    EXPECT_EQ(Stored("Schemes\\Solid One", "Fade Number"), "5");
+    EXPECT_EQ(Stored("Schemes\\Solid One", "One"), "16748574");
     EXPECT_EQ(Stored("Schemes\\Solid One", "SolidFade"), "<missing>");
 }
 
@@ -405,56 +420,14 @@ TEST_F(PreviewTest, GradientOnAWindowRunsTopToBottom)
     EXPECT_GT(GetBValue(middle), 90);
 }
 
-// The AOL simulator beside the test, ended with it. (The AOL tests' helper
-// cannot be used here: its folder function clashes with the program's own.)
-class SimBeside {
-public:
-    explicit SimBeside(const std::string& options)
-    {
-        char path[MAX_PATH];
-        const DWORD n = GetModuleFileNameA(nullptr, path, sizeof path);
-        std::string folder(path, n);
-        folder = folder.substr(0, folder.find_last_of('\\') + 1);
-        std::string line = "\"" + folder + "..\\..\\aolsim\\aol40\\waol.exe\" " + options;
-        STARTUPINFOA si{};
-        si.cb = sizeof si;
-        if (!CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &info_)) return;
-        for (int i = 0; i < 150 && !frame; ++i) {
-            Pause(100);
-            HWND w = FindWindowA("AOL FRAME25", nullptr);
-            DWORD pid = 0;
-            GetWindowThreadProcessId(w, &pid);
-            if (w && pid == info_.dwProcessId) frame = w;
-        }
-        Pause(1000);  // its windows open one after the other
-    }
-    ~SimBeside()
-    {
-        if (!info_.hProcess) return;
-        TerminateProcess(info_.hProcess, 1);
-        WaitForSingleObject(info_.hProcess, 5000);
-        CloseHandle(info_.hProcess);
-        CloseHandle(info_.hThread);
-    }
-    SimBeside(const SimBeside&) = delete;
-    SimBeside& operator=(const SimBeside&) = delete;
-    HWND frame = nullptr;
-
-private:
-    PROCESS_INFORMATION info_{};
-};
-
 // After a change on the panel the keyboard is back in the chat room's input
 // box, which lives in AOL's process.
 TEST_F(ChatToolsTest, EveryChangeHandsTheKeyboardBackToTheChatRoom)
 {
-    SimBeside aol("--signed-on \"Zun Tester\" --room \"Lobby 7\"");
-    ASSERT_TRUE(aol.frame);
-    AOLWindow = aol.frame;
-    HWND room = nullptr;
-    for (int i = 0; i < 50 && !room; ++i, Pause(100))
-        room = FindChildByTitle(FindChildByClass(AOLWindow, "MDIClient"), "Lobby 7");
-    ChatRoomWindow = room;
+    SimAOL aol;
+    ASSERT_TRUE(aol.Start("40", "--signed-on \"Zun Tester\" --room \"Lobby 7\""));
+    AOLWindow = aol.Frame();
+    ChatRoomWindow = FindChildByTitle(FindChildByClass(AOLWindow, "MDIClient"), "Lobby 7");
     ASSERT_TRUE(ChatRoomWindow);
     HWND input = FindChildByClass(ChatRoomWindow, "RICHCNTL", 2);
     ASSERT_TRUE(input);
@@ -475,7 +448,7 @@ TEST_F(ChatToolsTest, EveryChangeHandsTheKeyboardBackToTheChatRoom)
         SetForegroundWindow(panel().hwnd());
         SetFocus(control);
         ClickAndSettle(control);
-        for (int i = 0; i < 20 && focusInAOL() != input; ++i) Pause(100);
+        PumpUntil([&] { return focusInAOL() == input; }, 5000);
         EXPECT_EQ(focusInAOL(), input) << TextOf(control);
     }
     AOLWindow = nullptr;

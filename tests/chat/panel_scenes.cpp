@@ -14,6 +14,7 @@
 #include "frmMain.h"
 #include "modRegKeys.h"
 #include "modWin32API.h"
+#include "SceneReady.h"
 
 namespace {
 
@@ -61,6 +62,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     const std::string scene = __argc > 1 ? __argv[1] : "";
     frmCMDialog picker;
+    SceneReady::MarkWhenDrawn();
     if (scene == "loading") {
         ShowLoading();
     } else if (scene == "picker" && __argc > 2) {

@@ -84,12 +84,16 @@ int main()
 
     TestProcess prismo("\"" + Prismo() + "\"");
     HWND panel = nullptr;
-    PumpUntil([&] { return (panel = ProgramWindowWithChild(prismo.Id(), 450)) != nullptr; }, 60000);
+    PumpUntil([&] { return (panel = WindowWithChild(prismo.Id(), 450, false)) != nullptr; }, 60000);
     if (!panel) {
         std::fprintf(stderr, "prismo.exe did not start\n");
         return 1;
     }
-    PumpFor(2500);  // the watcher hooks the room
+    // The watcher hooks the room: the simulator sees its input subclassed.
+    if (!PumpUntil([&] { return sim.Ctl("subclassed").find("input\tsubclassed\n") != std::string::npos; }, 20000)) {
+        std::fprintf(stderr, "prismo.exe never hooked the chat room\n");
+        return 1;
+    }
     TypeChars(input, 50);
     const double typedHooked = BestTyping(input, chars);
     const double sentFaded = SendLines(input, transcript, rounds);

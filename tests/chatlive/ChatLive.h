@@ -7,28 +7,13 @@
 
 #include <string>
 
-#include "AOLSim.h"
+#include "SimHarness.h"
 #include "WineRegistry.h"
 
 namespace ChatLive {
 
-inline std::string Prismo() { return ProgramFolder() + "..\\..\\app\\prismo.exe"; }
-inline std::string PrismoFade() { return ProgramFolder() + "..\\..\\cli\\prismo-fade.exe"; }
-
-inline void EndEveryAOL()
-{
-    for (int i = 0; i < 5; ++i) {
-        HWND frame = FindWindowA("AOL FRAME25", nullptr);
-        if (!frame) return;
-        DWORD pid = 0;
-        GetWindowThreadProcessId(frame, &pid);
-        if (HANDLE p = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, pid)) {
-            TerminateProcess(p, 1);
-            WaitForSingleObject(p, 5000);
-            CloseHandle(p);
-        }
-    }
-}
+inline std::string Prismo() { return TestFolder() + "..\\..\\app\\prismo.exe"; }
+inline std::string PrismoFade() { return TestFolder() + "..\\..\\cli\\prismo-fade.exe"; }
 
 inline void SetOption(const std::string& section, const std::string& name, const std::string& value)
 {
@@ -49,27 +34,6 @@ inline void FreshSettings(const std::string& aolFolder)
     TestEnv::ResetProgramKey();
     TestEnv::InstallShippedSchemes();
     SetOption("", "AOL Path", aolFolder);
-}
-
-// The program's visible top-level window that holds a child `childId`.
-inline HWND ProgramWindowWithChild(DWORD pid, int childId)
-{
-    struct Search {
-        DWORD pid;
-        int child;
-        HWND found;
-    } search{pid, childId, nullptr};
-    EnumWindows(
-        [](HWND w, LPARAM lp) -> BOOL {
-            auto* s = reinterpret_cast<Search*>(lp);
-            DWORD owner = 0;
-            GetWindowThreadProcessId(w, &owner);
-            if (owner != s->pid || !GetDlgItem(w, s->child)) return TRUE;
-            s->found = w;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
 }
 
 // What prismo-fade makes of `line` with the scheme file `scheme`.

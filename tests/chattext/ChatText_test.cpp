@@ -3,8 +3,7 @@
 // hook's choices.
 #include <gtest/gtest.h>
 
-#include <set>
-
+#include "AdvertText.h"
 #include "ChatText.h"
 
 TEST(ChatCommandWords, CaseAndBlanksDoNotCountButOtherCharactersDo)
@@ -91,59 +90,12 @@ TEST(FullLine, LimitFollowsTheFaderAndIsAnEquality)
     EXPECT_TRUE(IsFullLine(10, 'x', true, 65536 + 10));
 }
 
-TEST(Advertisement, FiveLinesWithTheirOwnMarkup)
+TEST(Advertisement, FiveLinesByteForByte)
 {
+    const std::vector<std::string> expected = ExpectedAdvert();
     const std::vector<std::string> lines = AdvertLines();
-    ASSERT_EQ(lines.size(), 5u);
-    EXPECT_EQ(lines[1], "<I>A cool tool to spice up your AOL 4.0 chat!</I>");
-    EXPECT_EQ(lines[2], std::string(" \xA0"));
-    const std::string mail = Maker::EMail;
-    EXPECT_EQ(lines[3], "For more information, E-Mail <A HREF=mailto:" + mail +
-                            "?subject=Prismo_Info>" + mail + "</A>");
-    EXPECT_EQ(lines[4].rfind("Or visit the <A HREF=http://", 0), 0u);
-    EXPECT_NE(lines[4].find(">Zun Software</A> website!</HTML>"), std::string::npos);
-}
-
-// Splits the wave line into (colour, text) pieces at its font tags.
-static std::vector<std::pair<std::string, std::string>> WavePieces(const std::string& line)
-{
-    std::vector<std::pair<std::string, std::string>> pieces;
-    const std::string tag = "<FONT COLOR=#";
-    for (size_t at = line.find(tag); at != std::string::npos;) {
-        const std::string color = line.substr(at + tag.size(), 6);
-        const size_t textStart = at + tag.size() + 7;
-        const size_t next = line.find(tag, textStart);
-        pieces.emplace_back(color, line.substr(textStart, next - textStart));
-        at = next;
-    }
-    return pieces;
-}
-
-TEST(Advertisement, WaveLineIsTheMirroredWaveInAnsiBytes)
-{
-    const std::string wave = AdvertLines()[0];
-    ASSERT_EQ(wave.rfind("</B></I></U><FONT COLOR=#", 0), 0u);
-    const auto pieces = WavePieces(wave);
-    ASSERT_EQ(pieces.size(), 38u);  // 37 coloured pieces and the closing tag
-    EXPECT_EQ(pieces.back(), std::make_pair(std::string("000000"), std::string()));
-    EXPECT_EQ(pieces[18].second, "<B>I'm using Prismo!");
-    EXPECT_EQ(pieces[19].second, "</B>*");
-    const std::set<char> allowedHigh = {'\x98', '\xA8', '\xB0', '\xBA'};
-    for (const auto& piece : pieces) {
-        EXPECT_EQ(piece.first.find_first_not_of("0123456789abcdef"), std::string::npos)
-            << piece.first;
-        for (char c : piece.second) {
-            if (static_cast<unsigned char>(c) >= 0x80) {
-                EXPECT_TRUE(allowedHigh.count(c)) << int(c);
-            }
-        }
-    }
-    // The two halves around the slogan carry the same characters mirrored
-    // (pieces 1..18 against 37..20, the "*" beside the slogan counted once).
-    for (int i = 0; i < 17; ++i) EXPECT_EQ(pieces[i].second, pieces[36 - i].second) << i;
-    EXPECT_EQ(pieces[0].second, "\x98");
-    EXPECT_EQ(pieces[0].first, "33e460");
-    EXPECT_EQ(pieces[36].first, "00e878");
+    ASSERT_EQ(lines.size(), expected.size());
+    for (size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i], expected[i]) << "line " << i + 1;
 }
 
 TEST(MenuHook, CloseAndExitAreHeldBackUntilThePanelHasUnhooked)

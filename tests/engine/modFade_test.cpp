@@ -178,6 +178,52 @@ TEST_F(FadeTest, EngineDispatchAndStyleWrapping)
               "<FONT COLOR=#050000>e<FONT COLOR=#060000>f<FONT COLOR=#010000>g");
 }
 
+TEST_F(FadeTest, EngineGradientsOverThreeAndFourColours)
+{
+    // Five characters over three colours split 2 + 3 (2.5 rounds to 2).
+    Working(3, {kRed, kGreen, kBlue});
+    Options.Bold = true;
+    EXPECT_EQ(Fade("abcde"),
+              "<B><FONT COLOR=#808000>a<FONT COLOR=#00FF00>b<FONT COLOR=#00AA55>c"
+              "<FONT COLOR=#0055AA>d<FONT COLOR=#0000FF>e</B>");
+
+    // Four colours deal 2 + 2 + 1; the wave starts over at its level step
+    // whatever an earlier fade left, and white is written as FBFBFB.
+    Options = OptionsRecord{};
+    Working(4, {kRed, kGreen, kBlue, kWhite});
+    Options.Wavy = true;
+    WavePhase = 4;
+    EXPECT_EQ(Fade("abcde"),
+              "<FONT COLOR=#808000></sup>a<FONT COLOR=#00FF00><sub>b<FONT COLOR=#008080></sub>c"
+              "<FONT COLOR=#0000FF><sup>d<FONT COLOR=#FBFBFB></sup>e");
+    EXPECT_EQ(WavePhase, 3);
+}
+
+TEST_F(FadeTest, EngineSolidFadesOverTwoFourAndFiveColours)
+{
+    Options.SolidFade = true;
+    Working(2, {kRed, kBlue});
+    Options.Italic = true;
+    Options.Wavy = true;
+    WavePhase = 4;  // a solid fade goes on with the wave where it stood
+    EXPECT_EQ(Fade("a b"), "<I><FONT COLOR=#FF0000></sub>a <FONT COLOR=#0000FF><sup>b</I>");
+    EXPECT_EQ(WavePhase, 2);
+
+    Options = OptionsRecord{};
+    Options.SolidFade = true;
+    Working(4, {1, 2, 3, 4});
+    EXPECT_EQ(Fade("abcde"),
+              "<FONT COLOR=#010000>a<FONT COLOR=#020000>b<FONT COLOR=#030000>c<FONT COLOR=#040000>d"
+              "<FONT COLOR=#010000>e");
+
+    Working(5, {kRed, kGreen, kBlue, kWhite, 0});
+    Options.ULine = true;
+    EXPECT_EQ(Fade("ab cdef"),
+              "<U><FONT COLOR=#FF0000>a<FONT COLOR=#00FF00>b <FONT COLOR=#0000FF>c"
+              "<FONT COLOR=#FBFBFB>d<FONT COLOR=#000000>e<FONT COLOR=#FF0000>f</U>");
+    EXPECT_EQ(Fade("x"), "<U><FONT COLOR=#FF0000>x</U>") << "every line starts again at colour 1";
+}
+
 TEST_F(FadeTest, GradientDrawsOneLinePerUnit)
 {
     struct Recorder : DrawSurface {

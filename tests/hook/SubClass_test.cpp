@@ -20,7 +20,7 @@ protected:
     void Launch(int menus)
     {
         process_.Kill();
-        ASSERT_TRUE(process_.Start("\"" + ProgramFolder() + "sbctarget.exe\" " +
+        ASSERT_TRUE(process_.Start("\"" + TestFolder() + "sbctarget.exe\" " +
                                    std::to_string(menus)));
         main_ = WaitForProcessWindow("SbcTarget", process_.Id());
         ASSERT_NE(main_, nullptr);
@@ -60,8 +60,8 @@ TEST_F(HookTarget, HandlerSeesEachCharacterBeforeTheWindowAndCanSwallowIt)
     Type('a');
     Type('x');
     Type('b');
+    // The box takes each character only after the handler has had it.
     ASSERT_TRUE(WaitForText("ab"));
-    PumpFor(200);
     EXPECT_EQ(seen, "axb");
     // Each character was handed over before the box had taken it in.
     EXPECT_EQ(textWhenSeen, "[][a][a]");
@@ -176,18 +176,8 @@ TEST_F(HookTarget, AttachingToAWindowThatIsGoneFails)
     EXPECT_EQ(hook.Window(), nullptr);
 }
 
-TEST_F(HookTarget, AnotherProcessesMenusAreRefusedButTheDllReachesThem)
+TEST_F(HookTarget, TheDllReadsAndChangesTheTargetsMenuFromInside)
 {
-    // Asked from here, the target's menu bar cannot be read or changed.
-    HMENU bar = GetMenu(main_);
-    ASSERT_NE(bar, nullptr);
-    EXPECT_EQ(GetMenuItemCount(bar), -1);
-    char caption[100] = "";
-    SetLastError(0);
-    EXPECT_EQ(GetMenuStringA(bar, 0, caption, sizeof caption, MF_BYPOSITION), 0);
-    EXPECT_EQ(GetLastError(), 1456u);
-    EXPECT_FALSE(InsertMenuA(bar, 5, MF_BYPOSITION | MF_STRING, 1, "x"));
-
     std::string dump;
     ASSERT_TRUE(SbcMenuDump(main_, dump));
     EXPECT_NE(dump.find("0\t-1\t&File\n1\t101\t&First\n1\t0\t\n1\t102\t&Second\n"), std::string::npos);

@@ -1,7 +1,7 @@
 // Mail windows as the e-mail fader and the scheme mailer drive them: the
 // marks of a mail window, the editor's commands through the real clipboard
 // with the "AOLMAIL" format, and the attachment dialogs.
-#include "SimHarness.h"
+#include "SimSearch.h"
 
 #include <gtest/gtest.h>
 
@@ -39,13 +39,13 @@ private:
     HWND hwnd_ = nullptr;
 };
 
-HWND OpenMail(const RunningSim& sim, const char* caption) {
+HWND OpenMail(const SimAOL& sim, const char* caption) {
     EXPECT_EQ(Ctl({"open-mail"}).status, 0);
-    return ChildByCaption(sim.mdi(), caption);
+    return ChildByCaption(sim.Mdi(), caption);
 }
 
 TEST(SimMail, WindowCarriesTheMarksPrismoLooksFor) {
-    RunningSim sim(4, {"--window", "Re: your fade", "--window", "Fwd: schemes", "--window",
+    SimAOL sim(4, {"--window", "Re: your fade", "--window", "Fwd: schemes", "--window",
                        "Global Message Board Preferences"});
     HWND mail = OpenMail(sim, "Write Mail");
     ASSERT_NE(mail, nullptr);
@@ -58,7 +58,7 @@ TEST(SimMail, WindowCarriesTheMarksPrismoLooksFor) {
         if (std::string(text).rfind("Send Later", 0) == 0) later = w;
     }
     EXPECT_NE(later, nullptr);
-    EXPECT_EQ(FindChatRoom(sim.mdi()), nullptr) << "a mail window is no chat room";
+    EXPECT_EQ(FindChatRoom(sim.Mdi()), nullptr) << "a mail window is no chat room";
 
     HWND subject = NthChildOfClass(mail, "_AOL_EDIT", 3);
     ASSERT_NE(subject, nullptr);
@@ -66,14 +66,14 @@ TEST(SimMail, WindowCarriesTheMarksPrismoLooksFor) {
     EXPECT_EQ(CtlLines({"mail-subject"}), std::vector<std::string>{"Cool Fade"});
 
     for (const char* caption : {"Re: your fade", "Fwd: schemes"})
-        EXPECT_NE(FindWindowExA(ChildByCaption(sim.mdi(), caption), nullptr, "_AOL_EDIT", nullptr), nullptr) << caption;
-    EXPECT_NE(FindWindowExA(ChildByCaption(sim.mdi(), "Global Message Board Preferences"), nullptr, "RICHCNTL", nullptr),
+        EXPECT_NE(FindWindowExA(ChildByCaption(sim.Mdi(), caption), nullptr, "_AOL_EDIT", nullptr), nullptr) << caption;
+    EXPECT_NE(FindWindowExA(ChildByCaption(sim.Mdi(), "Global Message Board Preferences"), nullptr, "RICHCNTL", nullptr),
               nullptr);
 }
 
 TEST(SimMail, EditorCommandsGoThroughTheClipboard) {
-    RunningSim sim(4, {"--mail"});
-    HWND mail = ChildByCaption(sim.mdi(), "Write Mail");
+    SimAOL sim(4, {"--mail"});
+    HWND mail = ChildByCaption(sim.Mdi(), "Write Mail");
     ASSERT_NE(mail, nullptr);
     HWND body = FindWindowExA(mail, nullptr, "RICHCNTL", nullptr);
     const UINT aolMail = RegisterClipboardFormatA("AOLMAIL");
@@ -87,20 +87,20 @@ TEST(SimMail, EditorCommandsGoThroughTheClipboard) {
 
     clipboard.Put(aolMail, "<FONT COLOR=\"#FF0000\">r<FONT COLOR=\"#0000FF\"><B>b</B><sup>u</sup>");
     SendMessageA(body, WM_COMMAND, 20003, 0);
-    EXPECT_EQ(MessageText(body), "Hello rbu, again") << "the tags are interpreted, not pasted";
+    EXPECT_EQ(WindowText(body), "Hello rbu, again") << "the tags are interpreted, not pasted";
     EXPECT_EQ(CtlLines({"mail-body"}),
               std::vector<std::string>{"Hello <FONT COLOR=\"#FF0000\">r<FONT COLOR=\"#0000FF\"><B>b</B><SUP>u</SUP>"
                                        "<FONT COLOR=\"#000000\">, again"});
 
     SendMessageA(body, WM_COMMAND, 20000, 0);
-    EXPECT_EQ(MessageText(body), "Hello world, again");
+    EXPECT_EQ(WindowText(body), "Hello world, again");
     EXPECT_EQ(CtlLines({"mail-body"}), std::vector<std::string>{"Hello world, again"});
 
     // Only plain text on the clipboard: pasted as it stands.
     ASSERT_EQ(Ctl({"mail-select", "0", "5"}).status, 0);
     clipboard.Put(CF_TEXT, "<B>Hi</B>");
     SendMessageA(body, WM_COMMAND, 20003, 0);
-    EXPECT_EQ(MessageText(body), "<B>Hi</B> world, again");
+    EXPECT_EQ(WindowText(body), "<B>Hi</B> world, again");
 }
 
 // Clicks through Attachments > Attach > file dialog > Open > OK as the
@@ -122,10 +122,10 @@ void AttachThroughDialogs(HWND mail, int attachIndex, const char* dialogCaption,
     HWND open = FindWindowExA(dialog, nullptr, nullptr, "&Open");
     ASSERT_NE(open, nullptr);
     Click(open);
-    for (int i = 0; i < 100 && IsWindow(dialog); ++i) Pump(50);
+    PumpUntil([&] { return !IsWindow(dialog); }, 5000);
     EXPECT_FALSE(IsWindow(dialog));
     Click(NthChildOfClass(modal, "_AOL_ICON", 3));
-    for (int i = 0; i < 100 && IsWindow(modal); ++i) Pump(50);
+    PumpUntil([&] { return !IsWindow(modal); }, 5000);
     EXPECT_FALSE(IsWindow(modal));
 }
 
@@ -141,14 +141,14 @@ TEST(SimMail, AttachmentDialogsPerVersionAndEdition) {
         const std::string log = TempPath("attach.log");
         const std::string file = TempPath("Cool Fade.fde");
         WriteFileText(file, "Fade Number=2\r\nOne=255\r\n");
-        RunningSim sim(c.version, {"--edition", c.edition, "--mail", "--log", log});
-        HWND mail = ChildByCaption(sim.mdi(), "Write Mail");
+        SimAOL sim(c.version, {"--edition", c.edition, "--mail", "--log", log});
+        HWND mail = ChildByCaption(sim.Mdi(), "Write Mail");
         ASSERT_NE(mail, nullptr);
         AttachThroughDialogs(mail, c.attachIndex, c.dialog, file);
         EXPECT_EQ(CtlLines({"mail-attachments"}),
                   std::vector<std::string>{file + "\tFade Number=2\\r\\nOne=255\\r\\n"});
         EXPECT_NE(ReadFileText(log).find("attach\t" + file + "\tFade Number=2\\r\\n"), std::string::npos);
-        EXPECT_TRUE(IsWindowEnabled(sim.frame())) << "AOL stays usable after the dialog";
+        EXPECT_TRUE(IsWindowEnabled(sim.Frame())) << "AOL stays usable after the dialog";
     }
 }
 

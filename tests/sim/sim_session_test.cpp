@@ -3,7 +3,7 @@
 // process, keywords handed to a running AOL, the version resource, and the
 // ways AOL ends.
 #include "SimConfig.h"
-#include "SimHarness.h"
+#include "SimSearch.h"
 
 #include <gtest/gtest.h>
 
@@ -48,57 +48,57 @@ TEST(SimSession, CaptionsFollowTheEdition) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.edition);
-        RunningSim sim(4, {"--edition", c.edition, "--signed-on", "Zun Tester"});
-        HWND outer = FindWindowExA(sim.frame(), nullptr, "AOL Toolbar", nullptr);
+        SimAOL sim(4, {"--edition", c.edition, "--signed-on", "Zun Tester"});
+        HWND outer = FindWindowExA(sim.Frame(), nullptr, "AOL Toolbar", nullptr);
         HWND inner = FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr);
         HWND second = NthChildOfClass(inner, "_AOL_ICON", 2);
         const bool au = std::string(c.edition) == "au";
-        EXPECT_EQ(MessageText(second) == "e-mail centre", au);
+        EXPECT_EQ(WindowText(second) == "e-mail centre", au);
 
         Click(NthChildOfClass(inner, "_AOL_ICON", 1));  // opens a new mail
-        EXPECT_NE(WaitChildByCaption(sim.mdi(), c.mail), nullptr);
+        EXPECT_NE(WaitChildByCaption(sim.Mdi(), c.mail), nullptr);
         const auto menu = CtlLines({"menu"});
         EXPECT_TRUE(MenuHas(menu, c.about));
         EXPECT_EQ(MenuHas(menu, "&About AOL"), std::string(c.about) == "&About AOL");
         EXPECT_EQ(Ctl({"sign-off"}).status, 0);
-        EXPECT_NE(WaitChildByCaption(sim.mdi(), c.goodbye), nullptr);
-        EXPECT_EQ(ChildByCaption(sim.mdi(), "Welcome, Zun Tester!"), nullptr);
+        EXPECT_NE(WaitChildByCaption(sim.Mdi(), c.goodbye), nullptr);
+        EXPECT_EQ(ChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), nullptr);
         EXPECT_EQ(FileDialogCaption(ParseSimArgs({"--edition", c.edition}, 4).edition), c.fileDialog);
     }
 }
 
 TEST(SimSession, MenusPerVersionCountAndSignOn) {
     {
-        RunningSim sim(5, {"--menus", "8", "--screen-names", "Alpha,Guest"});
+        SimAOL sim(5, {"--menus", "8", "--screen-names", "Alpha,Guest"});
         auto menu = CtlLines({"menu"});
         EXPECT_EQ(TopLevelMenus(menu), 8);
         EXPECT_TRUE(MenuHas(menu, "E&xit\t8207") || MenuHas(menu, "E&xit"));
         EXPECT_FALSE(MenuHas(menu, "Switch Scree&n Name"));
-        EXPECT_NE(ChildByCaption(sim.mdi(), "Sign On"), nullptr);
+        EXPECT_NE(ChildByCaption(sim.Mdi(), "Sign On"), nullptr);
         EXPECT_EQ(Ctl({"sign-on", "Alpha"}).status, 0);
         EXPECT_TRUE(MenuHas(CtlLines({"menu"}), "Switch Scree&n Name"));
-        EXPECT_NE(ChildByCaption(sim.mdi(), "Welcome, Alpha!"), nullptr);
-        EXPECT_EQ(ChildByCaption(sim.mdi(), "Sign On"), nullptr);
+        EXPECT_NE(ChildByCaption(sim.Mdi(), "Welcome, Alpha!"), nullptr);
+        EXPECT_EQ(ChildByCaption(sim.Mdi(), "Sign On"), nullptr);
         EXPECT_EQ(Ctl({"sign-off"}).status, 0);
         EXPECT_FALSE(MenuHas(CtlLines({"menu"}), "Switch Scree&n Name"));
         EXPECT_NE(Ctl({"sign-on", "Nobody"}).status, 0);
     }
     {
-        RunningSim sim(4, {"--signed-on", "Zun Tester"});
+        SimAOL sim(4, {"--signed-on", "Zun Tester"});
         const auto menu = CtlLines({"menu"});
         EXPECT_EQ(TopLevelMenus(menu), 5);
         EXPECT_FALSE(MenuHas(menu, "Switch Scree&n Name")) << "only AOL 5.0 has it";
     }
     {
-        RunningSim sim(3, {"--menus", "6"});
+        SimAOL sim(3, {"--menus", "6"});
         EXPECT_EQ(TopLevelMenus(CtlLines({"menu"})), 6);
-        EXPECT_NE(ChildByCaption(sim.mdi(), "Welcome"), nullptr) << "AOL 3.0 signs on from \"Welcome\"";
+        EXPECT_NE(ChildByCaption(sim.Mdi(), "Welcome"), nullptr) << "AOL 3.0 signs on from \"Welcome\"";
     }
 }
 
 TEST(SimSession, SignOnListReadsFromAnotherProcess) {
-    RunningSim sim(4, {"--screen-names", "Alpha,Beta Two,Guest,Gamma", "--select", "Beta Two"});
-    HWND signOn = ChildByCaption(sim.mdi(), "Sign On");
+    SimAOL sim(4, {"--screen-names", "Alpha,Beta Two,Guest,Gamma", "--select", "Beta Two"});
+    HWND signOn = ChildByCaption(sim.Mdi(), "Sign On");
     ASSERT_NE(signOn, nullptr);
     HWND combo = FindWindowExA(signOn, nullptr, "_AOL_COMBOBOX", nullptr);
     ASSERT_NE(combo, nullptr);
@@ -125,9 +125,9 @@ TEST(SimSession, SignOnListReadsFromAnotherProcess) {
 
 TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
     const std::string log = TempPath("keyword.log");
-    RunningSim sim(5, {"--signed-on", "Zun Tester", "--log", log});
+    SimAOL sim(5, {"--signed-on", "Zun Tester", "--log", log});
     // The Welcome window is gone; the keyword brings it back.
-    SendMessageA(sim.mdi(), WM_MDIDESTROY, (WPARAM)ChildByCaption(sim.mdi(), "Welcome, Zun Tester!"), 0);
+    SendMessageA(sim.Mdi(), WM_MDIDESTROY, (WPARAM)ChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), 0);
     for (const char* keyword : {"-swelcome", "-shttp://example.com/support.html"}) {
         STARTUPINFOA si{};
         si.cb = sizeof si;
@@ -139,13 +139,13 @@ TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
         CloseHandle(pi.hProcess);
     }
     EXPECT_EQ(CtlLines({"keywords"}), (std::vector<std::string>{"welcome", "http://example.com/support.html"}));
-    EXPECT_NE(WaitChildByCaption(sim.mdi(), "Welcome, Zun Tester!"), nullptr);
-    EXPECT_EQ(FindWindowExA(nullptr, sim.frame(), "AOL FRAME25", nullptr), nullptr) << "a second AOL started";
+    EXPECT_NE(WaitChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), nullptr);
+    EXPECT_EQ(FindWindowExA(nullptr, sim.Frame(), "AOL FRAME25", nullptr), nullptr) << "a second AOL started";
     EXPECT_NE(ReadFileText(log).find("keyword\twelcome\n"), std::string::npos);
 }
 
 TEST(SimSession, KeywordWithoutRunningAolStartsIt) {
-    RunningSim sim(4, {"-sPeople Connection"});
+    SimAOL sim(4, {"-sPeople Connection"});
     EXPECT_EQ(CtlLines({"keywords"}), std::vector<std::string>{"People Connection"});
 }
 
@@ -186,17 +186,17 @@ TEST(SimSession, FileVersionSaysTheAolVersion) {
 TEST(SimSession, CloseExitCommandAndKill) {
     const std::string log = TempPath("end.log");
     {
-        RunningSim sim(4, {"--log", log});
+        SimAOL sim(4, {"--log", log});
         EXPECT_EQ(Ctl({"quit"}).status, 0);
         EXPECT_TRUE(sim.WaitExit(10000));
     }
     {
-        RunningSim sim(4, {"--log", log});
-        SendMessageA(sim.frame(), WM_COMMAND, 8207, 0);
+        SimAOL sim(4, {"--log", log});
+        SendMessageA(sim.Frame(), WM_COMMAND, 8207, 0);
         EXPECT_TRUE(sim.WaitExit(10000));
     }
     {
-        RunningSim sim(4, {"--log", log});
+        SimAOL sim(4, {"--log", log});
         EXPECT_EQ(Ctl({"kill"}).status, 0);
         EXPECT_TRUE(sim.WaitExit(10000));
     }

@@ -93,7 +93,8 @@ TEST(frmSetColors, PickingTheWindowColourStoresItAndRepaintsTheSample)
     ColorDialogDriver driver(RGB(200, 100, 50), false, IDOK);
     Click(form.Item(IDC_SC_WNDCLR));
     WaitUntil([&] { return driver.seen && !FindShown("Color"); });
-    Pause(50);
+    // The sample takes the picked colour last.
+    WaitUntil([&] { return form.Frame1.BackColor == static_cast<UIColor>(RGB(200, 100, 50)); });
     EXPECT_EQ(Options.WindowColor, static_cast<UIColor>(RGB(200, 100, 50)));
     EXPECT_EQ(ReadSetting(Section::UserColors, "WindowColor"), std::to_string(RGB(200, 100, 50)));
     EXPECT_EQ(form.Frame1.BackColor, static_cast<UIColor>(RGB(200, 100, 50)));

@@ -136,6 +136,12 @@ TEST(AskMsg, Style256FocusesTheFirstButtonAndEachSetAnswersItsCodes)
     EXPECT_EQ(s.focus, "&Ignore");
     EXPECT_EQ(answer, 3);
     EXPECT_EQ(IconLikeness(s, 32513), 1.0);
+    // Retry and Ignore answer as the system's box does (4 and 5): the error
+    // report runs the step again or goes on by these codes.
+    ShowAndLook("Failed", 2 + 16, true, 1, &answer);
+    EXPECT_EQ(answer, 4) << "Retry";
+    ShowAndLook("Failed", 2 + 16, true, 0, &answer);
+    EXPECT_EQ(answer, 5) << "Ignore";
 
     s = ShowAndLook("Go on?", 3, true, 0, &answer);
     EXPECT_EQ(s.caption[0], "Cancel");

@@ -14,6 +14,7 @@
 #include "modMsgBox.h"
 #include "modWin32API.h"
 #include "modZunBtns.h"
+#include "SceneReady.h"
 
 namespace {
 
@@ -82,6 +83,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
     Options.ButtonHighlight = 0x0080FF80;
     Options.ButtonText = 0x00FFFFFF;
     InstallErrorReport();
+    SceneReady::MarkWhenDrawn();
 
     if (scene == "startmode") {
         return Options.UIMode;  // the mode the display and the stored setting give

@@ -1,6 +1,6 @@
-// Helpers the Wine-run hook and AOL tests share: a child process that ends
-// with the test, and waits that keep this thread's messages flowing (hooked
-// windows call back into us while we wait).
+// Helpers every Wine-run test shares: a child process that ends with the
+// test, waits that keep this thread's messages flowing (hooked windows call
+// back into us while we wait), and finding and ending other programs' windows.
 #pragma once
 
 #include <windows.h>
@@ -101,10 +101,54 @@ inline std::string WindowText(HWND window)
 }
 
 // This test program's own folder, with a trailing backslash.
-inline std::string ProgramFolder()
+inline std::string TestFolder()
 {
     char path[MAX_PATH];
     const DWORD n = GetModuleFileNameA(nullptr, path, sizeof path);
     std::string folder(path, n);
     return folder.substr(0, folder.find_last_of('\\') + 1);
+}
+
+// A top-level window of process `pid` (any process when 0) that has a child
+// with control id `childId`; only a visible one when `visibleOnly`.
+inline HWND WindowWithChild(DWORD pid, int childId, bool visibleOnly = true)
+{
+    struct Search {
+        DWORD pid;
+        int child;
+        bool visibleOnly;
+        HWND found;
+    } search{pid, childId, visibleOnly, nullptr};
+    EnumWindows(
+        [](HWND w, LPARAM lp) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(lp);
+            DWORD owner = 0;
+            GetWindowThreadProcessId(w, &owner);
+            if ((s->pid && owner != s->pid) || (s->visibleOnly && !IsWindowVisible(w)) || !GetDlgItem(w, s->child))
+                return TRUE;
+            s->found = w;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+// Ends the process that owns `window` and waits until it is gone.
+inline void KillWindowProcess(HWND window)
+{
+    DWORD pid = 0;
+    GetWindowThreadProcessId(window, &pid);
+    if (HANDLE p = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, pid)) {
+        TerminateProcess(p, 1);
+        WaitForSingleObject(p, 5000);
+        CloseHandle(p);
+    }
+}
+
+// Ends any AOL (simulator) an earlier test left behind: FindWindow must find
+// only the one a test starts.
+inline void EndEveryAOL()
+{
+    for (int i = 0; i < 5; ++i)
+        if (HWND frame = FindWindowA("AOL FRAME25", nullptr)) KillWindowProcess(frame);
 }
