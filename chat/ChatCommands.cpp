@@ -23,6 +23,7 @@ constexpr WPARAM kClear = 20004;
 
 void ChatSession::ActivateCommand(const std::string& command)
 {
+    const CommandScope running(*this);
     ErrorTrap trap("frmChatTools", "ActivateCommand");
     switch (CommandFor(command)) {
     case ChatCommand::Help:

@@ -21,6 +21,12 @@ UINT WatcherTicksMessage()
     return message;
 }
 
+UINT CommandRunningMessage()
+{
+    static const UINT message = RegisterWindowMessageA(kCommandRunningMessage);
+    return message;
+}
+
 }  // namespace
 
 void ChatSession::WindowCloser::operator()(HWND window) const
@@ -105,6 +111,7 @@ LRESULT CALLBACK ChatSession::WindowProc(HWND window, UINT message, WPARAM wPara
         return 0;
     }
     if (session && message == WatcherTicksMessage()) return session->ticks_;
+    if (session && message == CommandRunningMessage()) return session->commandsRunning_ > 0;
     if (message == WM_NCDESTROY) SetWindowLongPtrA(window, GWLP_USERDATA, 0);
     return DefWindowProcA(window, message, wParam, lParam);
 }

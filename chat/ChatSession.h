@@ -88,9 +88,22 @@ private:
                              bool& noDefault);
     void sbcMenu_DelayedEvent(LONG_PTR value);
 
+    // Counts the chat and menu commands under way while it lives.
+    class CommandScope {
+    public:
+        explicit CommandScope(ChatSession& session) : session_(session) { ++session_.commandsRunning_; }
+        ~CommandScope() { --session_.commandsRunning_; }
+        CommandScope(const CommandScope&) = delete;
+        CommandScope& operator=(const CommandScope&) = delete;
+
+    private:
+        ChatSession& session_;
+    };
+
     ChatPanel& panel_;
     OwnedWindow window_;
     long ticks_ = 0;
+    int commandsRunning_ = 0;
 
     SubClass sbcChatEdit, sbcSendIcon, sbcMenu;
     bool ChatHooked = false;           // the chat input hooks sit on the current room

@@ -16,11 +16,14 @@ inline constexpr char WebSite[] = "http://www.zunsoftware.com";
 }  // namespace Maker
 
 // The chat session's hidden window (its class name) and the registered
-// message it answers with the number of watcher ticks done so far, so that a
-// program beside Prismo can wait for the watcher's next look at AOL.
+// messages it answers: the number of watcher ticks done so far, and 1 while a
+// chat or menu command (an advertisement, say) is still running, so that a
+// program beside Prismo can wait for the watcher's next look at AOL or for a
+// command to finish.
 inline constexpr char kChatSessionClass[] = "PrismoChatSession";
 inline constexpr char kChatSessionCaption[] = "Prismo Chat Session";
 inline constexpr char kWatcherTicksMessage[] = "Prismo.WatcherTicks";
+inline constexpr char kCommandRunningMessage[] = "Prismo.CommandRunning";
 
 // ---- Chat commands ("/" + word typed into the chat input) ----
 

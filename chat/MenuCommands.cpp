@@ -53,6 +53,7 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
 
 void ChatSession::RunMenuCommand(MenuCommand command)
 {
+    const CommandScope running(*this);
     switch (command) {
     case MenuCommand::ControlPanel:
         ChatRoomWindow = FindChatRoom(AOLMDIClient, "AOL Child");

@@ -46,15 +46,20 @@ prismo_build_win32() {
 # user's own is used as it is; otherwise the script starts its own Xvfb (24
 # bits) on :NUMBER, records its process id in PRISMO_XVFB_PID and checks that
 # it answers. A display number already taken is not borrowed: another run
-# owns it. Without NUMBER (by hand), :PRISMO_XVFB_DISPLAY, kept if running.
+# owns it, and the next free number is used instead. Without NUMBER (by
+# hand), :PRISMO_XVFB_DISPLAY, kept if running.
 PRISMO_XVFB_PID=""
 prismo_display() {
     if [ -n "${DISPLAY:-}" ] && xdpyinfo >/dev/null 2>&1; then return 0; fi
     local n=${1:-${PRISMO_XVFB_DISPLAY:-77}}
     if xdpyinfo -display ":$n" >/dev/null 2>&1; then
         [ -z "${1:-}" ] && { export DISPLAY=":$n"; return 0; }
-        echo "display :$n is already in use by another run; choose another number" >&2
-        return 1
+        local first=$n
+        while [ -e "/tmp/.X$n-lock" ] || xdpyinfo -display ":$n" >/dev/null 2>&1; do
+            n=$((n + 1))
+            [ $n -gt $((first + 20)) ] && { echo "no free X display from :$first on" >&2; return 1; }
+        done
+        echo "display :$first is in use by another run; this one runs on :$n"
     fi
     Xvfb ":$n" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
     PRISMO_XVFB_PID=$!

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "ChatText.h"
 #include "SimHarness.h"
 #include "WineRegistry.h"
 
@@ -45,6 +46,19 @@ inline std::string FadedByCli(const std::string& scheme, const std::string& line
                 out);
     while (!out.empty() && (out.back() == '\n' || out.back() == '\r')) out.pop_back();
     return out;
+}
+
+// Whether the program `pid` is still carrying out a chat or menu command, as
+// its chat session window answers it.
+inline bool CommandRunning(DWORD pid)
+{
+    HWND session = nullptr;
+    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(session, &owner);
+        if (owner == pid) return SendMessageA(session, RegisterWindowMessageA(kCommandRunningMessage), 0, 0) != 0;
+    }
+    return false;
 }
 
 }  // namespace ChatLive

@@ -150,9 +150,8 @@ TEST_F(ChatLiveTest, AdvertisementGoesOutUnfadedAndLeavesTheFaderAsItWas)
         sim_.Ctl("key enter");
         PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= before + 5; }, 15000);
         // The advertisement ends with a pause after its last line and only
-        // then gives the fader back; nothing outside the program shows that
-        // moment, so this waits out the pause.
-        PumpFor(1200);
+        // then gives the fader back.
+        ASSERT_TRUE(PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 15000));
         const std::vector<std::string> all = Lines(sim_.Ctl("transcript"));
         const std::vector<std::string> posted(all.begin() + static_cast<long>(before), all.end());
         EXPECT_EQ(posted, ExpectedAdvert()) << "fader " << faderOn;
@@ -235,9 +234,8 @@ TEST_F(ChatLiveTest, ProgramMenuAdvertisesAndExits)
     PostMessageA(sim_.Frame(), WM_COMMAND, 60002, 0);  // Prism&o, Advertise
     PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= before + 5; }, 15000);
     EXPECT_EQ(Lines(sim_.Ctl("transcript")).size(), before + 5);
-    // Exit asked for during the advertisement's closing pause would be
-    // ignored, and nothing outside the program shows that pause's end.
-    PumpFor(1500);
+    // The advertisement's closing pause ends before Exit is asked for.
+    ASSERT_TRUE(PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 15000));
     PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
     EXPECT_EQ(prismo_.Wait(8000), 0);
     EXPECT_EQ(sim_.Ctl("menu").find("Prism&o"), std::string::npos);
