@@ -22,6 +22,19 @@ std::vector<std::string> Lines(const std::string& text)
     return lines;
 }
 
+// The watcher ticks the program `pid` has finished, as its chat session answers; -1 without one.
+long WatcherTicks(DWORD pid)
+{
+    HWND session = nullptr;
+    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(session, &owner);
+        if (owner == pid)
+            return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
+    }
+    return -1;
+}
+
 class ChatNestingTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -162,6 +175,29 @@ TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
     ASSERT_TRUE(AdvertDone(before));
     EXPECT_EQ(PostedSince(before), ExpectedAdvert());
     EXPECT_EQ(SentLine("after off"), "after off");
+}
+
+// The program's watcher reads the signed-on name from AOL's Welcome window;
+// AOL 5.0 without one is asked for it by keyword and waited on for up to 10
+// seconds. Here the window stays under another caption, so the first tick
+// waits all that time, with the timer firing meanwhile.
+TEST_F(ChatNestingTest, TheWatcherNeverTicksInsideItsOwnWait)
+{
+    ASSERT_TRUE(sim_.Start("50", "--signed-on \"Zun Tester\""));
+    HWND welcome = FindWindowExA(sim_.Mdi(), nullptr, "AOL Child", "Welcome, Zun Tester!");
+    ASSERT_TRUE(welcome);
+    SetWindowTextA(welcome, "Hello, Zun Tester!");
+    ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
+    const auto welcomeRuns = [&] {
+        int runs = 0;
+        for (const std::string& keyword : Lines(sim_.Ctl("keywords"))) runs += keyword == "welcome";
+        return runs;
+    };
+    ASSERT_TRUE(PumpUntil([&] { return welcomeRuns() > 0; }, 60000)) << "the watcher never asked";
+    const long ticks = WatcherTicks(prismo_.Id());
+    EXPECT_TRUE(PumpUntil([&] { return WatcherTicks(prismo_.Id()) > ticks; }, 30000))
+        << "the tick that waits never ended";
+    EXPECT_EQ(welcomeRuns(), 1);
 }
 
 }  // namespace
