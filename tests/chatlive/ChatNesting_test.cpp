@@ -134,21 +134,36 @@ TEST_F(ChatNestingTest, DoubleClickOnTheSendIconPostsOneAdvertisement)
     EXPECT_EQ(PostedSince(second), ExpectedAdvert());
 }
 
-TEST_F(ChatNestingTest, AOLClosingDuringAnAdvertisementEndsPrismoAndAOLWithoutAMessage)
+// AOL's close box, or the program's own Exit, during an advertisement: the
+// advertisement stops at once and the program ends quietly; AOL closes only
+// when it was asked to.
+TEST_F(ChatNestingTest, ClosingAOLOrExitingDuringAnAdvertisementEndsPrismoWithoutAMessage)
 {
-    Start();
-    ASSERT_TRUE(AdvertStarted(Posted()));
-    sim_.Ctl("quit");
-    HWND box = nullptr;
-    PumpUntil(
-        [&] {
-            box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA);
-            return box || prismo_.Wait(0) != -1;
-        },
-        30000);
-    EXPECT_EQ(box, nullptr) << "a message box came: " << WindowText(box);
-    EXPECT_EQ(prismo_.Wait(10000), 0);
-    EXPECT_TRUE(sim_.WaitExit(10000)) << "AOL closes";
+    for (bool closeAOL : {true, false}) {
+        Start();
+        const size_t before = Posted();
+        ASSERT_TRUE(AdvertStarted(before));
+        if (closeAOL)
+            sim_.Ctl("quit");
+        else
+            PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
+        HWND box = nullptr;
+        PumpUntil(
+            [&] {
+                box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA);
+                return box || prismo_.Wait(0) != -1;
+            },
+            30000);
+        EXPECT_EQ(box, nullptr) << closeAOL << ": a message box came: " << WindowText(box);
+        EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
+        EXPECT_EQ(sim_.WaitExit(10000), closeAOL);
+        if (!closeAOL) {
+            EXPECT_EQ(sim_.Ctl("menu").find("Prism&o"), std::string::npos);
+            EXPECT_LT(PostedSince(before).size(), 5u) << "the advertisement stops";
+        }
+        TearDown();
+        SetUp();
+    }
 }
 
 TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
