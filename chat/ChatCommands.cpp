@@ -29,9 +29,8 @@ constexpr WPARAM kClear = 20004;
 void ChatSession::ActivateCommand(const std::string& command)
 {
     const ChatCommand which = CommandFor(command);
-    const bool faderSwitch = which == ChatCommand::FadeOn || which == ChatCommand::FadeOff;
     if (Busy()) {
-        if (Advertising && faderSwitch) {
+        if (ChatCommandWhileBusy(which, Advertising) == WhileBusy::RunNow) {
             ErrorTrap trap("frmChatTools", "ActivateCommand");
             SwitchFader(which == ChatCommand::FadeOn, trap);
         }
@@ -191,7 +190,7 @@ void ChatSession::Advertise()
     Advertising = false;
     std::string chosenAfter = chosenBefore;
     trap.Run([&] { chosenAfter = ReadSetting(Setting::FaderOn); });
-    Options.FaderOn = chosenAfter != chosenBefore ? chosenAfter == "True" : AdvertFaderWasOn;
+    Options.FaderOn = FaderAfterAdvert(AdvertFaderWasOn, chosenBefore, chosenAfter);
     AdvertFaderWasOn = false;
 }
 

@@ -57,8 +57,9 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
 void ChatSession::RunMenuCommand(MenuCommand command)
 {
     if (Busy()) {
-        if (command == MenuCommand::ControlPanel) CarryOutMenuCommand(command);
-        if (command == MenuCommand::Exit && heldEnd_ == HeldEnd::None) heldEnd_ = HeldEnd::Exit;
+        const WhileBusy meanwhile = MenuCommandWhileBusy(command);
+        if (meanwhile == WhileBusy::RunNow) CarryOutMenuCommand(command);
+        if (meanwhile == WhileBusy::HoldUntilDone && heldEnd_ == HeldEnd::None) heldEnd_ = HeldEnd::Exit;
         return;
     }
     RunOneThing(false, [&] { CarryOutMenuCommand(command); });
