@@ -19,6 +19,18 @@ namespace {
 constexpr WPARAM kSelectAll = 20005;
 constexpr WPARAM kClear = 20004;
 
+// Holds a flag up while it lives.
+class FlagUp {
+public:
+    explicit FlagUp(bool& flag) : flag_(flag) { flag_ = true; }
+    ~FlagUp() { flag_ = false; }
+    FlagUp(const FlagUp&) = delete;
+    FlagUp& operator=(const FlagUp&) = delete;
+
+private:
+    bool& flag_;
+};
+
 }  // namespace
 
 // A command asked for while another one, an advertisement or a watcher tick
@@ -98,11 +110,7 @@ void ChatSession::RunOneThing(bool tick, const std::function<void()>& work)
 {
     if (Busy()) return;
     if (tick) {
-        ticking_ = true;
-        struct Done {
-            bool& flag;
-            ~Done() { flag = false; }
-        } done{ticking_};
+        const FlagUp ticking(ticking_);
         work();
     } else {
         const CommandScope running(*this);
@@ -174,7 +182,7 @@ void ChatSession::Advertise()
     std::string chosenBefore;
     trap.Run([&] { chosenBefore = ReadSetting(Setting::FaderOn); });
     AdvertFaderWasOn = Options.FaderOn;
-    Advertising = true;
+    const FlagUp advertising(Advertising);
     for (const std::string& line : lines) {
         if (AdvertMustStop(room)) break;
         // The lines carry their own markup: the fader stays out of their way
@@ -187,7 +195,6 @@ void ChatSession::Advertise()
         });
         trap.Run([&] { PauseUnless(1000, [&] { return AdvertMustStop(room); }); });
     }
-    Advertising = false;
     std::string chosenAfter = chosenBefore;
     trap.Run([&] { chosenAfter = ReadSetting(Setting::FaderOn); });
     Options.FaderOn = FaderAfterAdvert(AdvertFaderWasOn, chosenBefore, chosenAfter);
