@@ -92,11 +92,15 @@ void ChatSession::DetachChatHooks()
     ChatHooked = false;
 }
 
-// A failing tick is ignored as each of its steps is; the next tick comes as usual.
+// A failing tick is ignored as each of its steps is; the next tick comes as
+// usual. The timer fires inside any wait, a tick's own included: a tick then
+// is skipped, never run inside another one or inside a command.
 void ChatSession::Tick()
 {
-    RunTrapped("Timer1_Timer", [&] { ErrorTrap::Ignoring([&] { Timer1_Timer(); }); });
-    ++ticks_;
+    RunOneThing(true, [&] {
+        RunTrapped("Timer1_Timer", [&] { ErrorTrap::Ignoring([&] { Timer1_Timer(); }); });
+        ++ticks_;
+    });
 }
 
 LRESULT CALLBACK ChatSession::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)

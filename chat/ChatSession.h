@@ -8,12 +8,15 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <type_traits>
 
 #include "ChatText.h"
 #include "SubClass.h"
+
+class ErrorTrap;
 
 // What the session asks of the control panel, and nothing more.
 class ChatPanel {
@@ -62,6 +65,15 @@ public:
     // Takes the program out of AOL, ends it, and lets AOL's close go on.
     void UnhookPrismo();
 
+    // One thing at a time. A command, an advertisement, a multiline send or a
+    // watcher tick may wait (servicing events) for seconds; whatever else is
+    // asked for meanwhile is ignored rather than run inside that wait, except
+    // AOL's close and the menu's Exit, which are held until it ends.
+    // True while a command, an advertisement, a watcher tick or work given to RunAlone is under way.
+    bool Busy() const { return commandsRunning_ > 0 || ticking_; }
+    // Runs `work` (a multiline send, say) as a command unless something is under way; false when it did not run.
+    bool RunAlone(const std::function<void()>& work);
+
 private:
     struct WindowCloser {
         void operator()(HWND window) const;
@@ -99,6 +111,24 @@ private:
     private:
         ChatSession& session_;
     };
+
+    // One thing at a time (see Busy).
+    enum class HeldEnd { None, CloseWithAOL, Exit };
+    // Runs `work` as the one thing under way (a tick when `tick`); ignored while busy.
+    void RunOneThing(bool tick, const std::function<void()>& work);
+    // Carries out the end held while something ran, if any.
+    void RunHeldEnd();
+    // AOL is closing: the program leaves it now, or once what runs has ended.
+    void CloseWithAOL();
+    // RunMenuCommand's work, done when nothing else runs.
+    void CarryOutMenuCommand(MenuCommand command);
+    // True when an advertisement under way must stop: its room, AOL or the program is going.
+    bool AdvertMustStop(HWND room) const;
+    // What a "/fadeon" or "/fadeoff" does, also while an advertisement runs.
+    void SwitchFader(bool on, ErrorTrap& trap);
+    bool ticking_ = false;             // a watcher tick is under way
+    bool Advertising = false;          // an advertisement is under way
+    HeldEnd heldEnd_ = HeldEnd::None;  // AOL's close or Exit, asked for while busy
 
     ChatPanel& panel_;
     OwnedWindow window_;

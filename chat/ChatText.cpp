@@ -164,3 +164,20 @@ std::string OnlineSupportKeyword()
 {
     return std::string(Maker::WebSite) + "/support.html";
 }
+
+WhileBusy ChatCommandWhileBusy(ChatCommand command, bool advertising)
+{
+    const bool faderSwitch = command == ChatCommand::FadeOn || command == ChatCommand::FadeOff;
+    return advertising && faderSwitch ? WhileBusy::RunNow : WhileBusy::Ignore;
+}
+
+WhileBusy MenuCommandWhileBusy(MenuCommand command)
+{
+    if (command == MenuCommand::ControlPanel) return WhileBusy::RunNow;
+    return command == MenuCommand::Exit ? WhileBusy::HoldUntilDone : WhileBusy::Ignore;
+}
+
+bool FaderAfterAdvert(bool wasOn, const std::string& storedBefore, const std::string& storedAfter)
+{
+    return storedAfter != storedBefore ? storedAfter == "True" : wasOn;
+}

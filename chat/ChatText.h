@@ -126,3 +126,20 @@ bool IsClosingEvent(long value);
 
 // The support page the menu's online support item opens as an AOL keyword.
 std::string OnlineSupportKeyword();
+
+// ---- One thing at a time ----
+
+// What becomes of a command asked for while another command, an
+// advertisement or a watcher tick is under way (and may be waiting).
+enum class WhileBusy {
+    Ignore,          // dropped: it would run inside the other one's wait
+    RunNow,          // quick and the user's to decide: carried out at once
+    HoldUntilDone,   // ends the program: carried out once the other one has ended
+};
+// Chat commands: only the fader's On and Off, and only during an advertisement.
+WhileBusy ChatCommandWhileBusy(ChatCommand command, bool advertising);
+// Menu commands: the control panel comes at once, Exit is held, the rest are dropped.
+WhileBusy MenuCommandWhileBusy(MenuCommand command);
+// The fader once an advertisement is over: the stored "Fader On" when it
+// changed meanwhile (the user chose On or Off), else as it was before.
+bool FaderAfterAdvert(bool wasOn, const std::string& storedBefore, const std::string& storedAfter);

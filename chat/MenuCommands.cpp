@@ -51,9 +51,22 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
     return false;
 }
 
+// While a command, an advertisement or a watcher tick runs, the panel still
+// comes at once (it waits for nothing), Exit ends what runs and then the
+// program, and the other commands, which open windows that wait, are ignored.
 void ChatSession::RunMenuCommand(MenuCommand command)
 {
-    const CommandScope running(*this);
+    if (Busy()) {
+        const WhileBusy meanwhile = MenuCommandWhileBusy(command);
+        if (meanwhile == WhileBusy::RunNow) CarryOutMenuCommand(command);
+        if (meanwhile == WhileBusy::HoldUntilDone && heldEnd_ == HeldEnd::None) heldEnd_ = HeldEnd::Exit;
+        return;
+    }
+    RunOneThing(false, [&] { CarryOutMenuCommand(command); });
+}
+
+void ChatSession::CarryOutMenuCommand(MenuCommand command)
+{
     switch (command) {
     case MenuCommand::ControlPanel:
         ChatRoomWindow = FindChatRoom(AOLMDIClient, "AOL Child");

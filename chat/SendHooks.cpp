@@ -59,11 +59,13 @@ void ChatSession::SendHook_DelayedEvent(LONG_PTR value)
         panel_.KeepInFront();
         return;
     }
-    const bool fromClick = value == kRunClickCommand;
-    if (fromClick && !CommandPending) return;
+    // A click's command is taken once: a second click meanwhile finds none.
+    if (value == kRunClickCommand) {
+        if (!CommandPending) return;
+        CommandPending = false;
+    }
     const std::string command = PendingCommand;
     ActivateCommand(command);
-    if (fromClick) CommandPending = false;
 }
 
 // Runs before the chat input sees each character. Errors are ignored step by

@@ -138,7 +138,7 @@ void ChatSession::sbcMenu_DelayedEvent(LONG_PTR value)
 {
     ErrorTrap trap("frmChatTools", "sbcMenu_DelayedEvent");
     if (IsClosingEvent(static_cast<long>(value))) {
-        trap.Run([&] { UnhookPrismo(); });
+        trap.Run([&] { CloseWithAOL(); });
         return;
     }
     const MenuCommand command = MenuCommandFor(static_cast<long>(value));

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "ChatHooks.h"
@@ -23,6 +25,8 @@ protected:
     bool Intercept(const ProgramWindowRequest& request) override
     {
         seen_.push_back(request);
+        // The window asked for would wait here, servicing events.
+        if (whileOpening_) std::exchange(whileOpening_, nullptr)();
         return true;
     }
 
@@ -41,6 +45,7 @@ protected:
     }
 
     std::vector<ProgramWindowRequest> seen_;
+    std::function<void()> whileOpening_;  // runs once, inside the next request
 };
 
 TEST_F(Dispatch, ChatCommandsOpenTheirWindows)
@@ -65,6 +70,29 @@ TEST_F(Dispatch, ChatCommandsOpenTheirWindows)
     EXPECT_EQ(requests[0].which, ProgramWindow::Multiline);
     EXPECT_EQ(requests[0].text, "");
     EXPECT_EQ(requests[1].which, ProgramWindow::MultilineInsert);
+}
+
+TEST_F(Dispatch, CommandsAskedForWhileOneRunsAreIgnored)
+{
+    ChatSession& session = TheChatSession();
+    bool ranAlone = true;
+    whileOpening_ = [&] {
+        EXPECT_TRUE(session.Busy());
+        session.ActivateCommand("help");
+        session.RunMenuCommand(MenuCommand::About);
+        ranAlone = session.RunAlone([] { ADD_FAILURE() << "ran inside the options window's wait"; });
+    };
+    session.ActivateCommand("options");
+    ExpectOne(ProgramWindow::Options, "", "only the first command");
+    EXPECT_FALSE(ranAlone);
+    EXPECT_FALSE(session.Busy());
+    whileOpening_ = [&] { session.ActivateCommand("options"); };
+    session.RunMenuCommand(MenuCommand::Wizard);
+    ExpectOne(ProgramWindow::Wizard, "", "only the menu command");
+    // Once it has ended, the next one runs.
+    EXPECT_TRUE(session.RunAlone([&] { session.ActivateCommand("help"); }) && Take().empty());
+    session.ActivateCommand("help");
+    ExpectOne(ProgramWindow::Help, "Table of Contents", "after the first one ended");
 }
 
 TEST_F(Dispatch, AFullLineMovesWithTheCharacterTyped)

@@ -98,6 +98,36 @@ TEST(Advertisement, FiveLinesByteForByte)
     for (size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i], expected[i]) << "line " << i + 1;
 }
 
+// While an advertisement runs, the user's On or Off acts and outlasts it;
+// nothing else typed as a command does, and nothing at all during other work.
+TEST(WhileBusy, OnlyTheFaderSwitchesActDuringAnAdvertisement)
+{
+    for (ChatCommand command : {ChatCommand::FadeOn, ChatCommand::FadeOff}) {
+        EXPECT_EQ(ChatCommandWhileBusy(command, true), WhileBusy::RunNow);
+        EXPECT_EQ(ChatCommandWhileBusy(command, false), WhileBusy::Ignore);
+    }
+    for (ChatCommand command : {ChatCommand::Advertise, ChatCommand::Help, ChatCommand::Multiline,
+                                ChatCommand::Keyword, ChatCommand::Show})
+        EXPECT_EQ(ChatCommandWhileBusy(command, true), WhileBusy::Ignore);
+
+    // Off before, "True" stored meanwhile: on. On before, "False" stored: off.
+    EXPECT_TRUE(FaderAfterAdvert(false, "False", "True"));
+    EXPECT_FALSE(FaderAfterAdvert(true, "True", "False"));
+    // Nothing chosen (or the same choice again): as it was.
+    EXPECT_TRUE(FaderAfterAdvert(true, "True", "True"));
+    EXPECT_FALSE(FaderAfterAdvert(false, "False", "False"));
+    EXPECT_TRUE(FaderAfterAdvert(true, "", ""));
+}
+
+TEST(WhileBusy, MenuExitIsHeldThePanelComesTheRestAreDropped)
+{
+    EXPECT_EQ(MenuCommandWhileBusy(MenuCommand::Exit), WhileBusy::HoldUntilDone);
+    EXPECT_EQ(MenuCommandWhileBusy(MenuCommand::ControlPanel), WhileBusy::RunNow);
+    for (MenuCommand command : {MenuCommand::Advertise, MenuCommand::Options, MenuCommand::About,
+                                MenuCommand::HelpContents, MenuCommand::OnlineSupport})
+        EXPECT_EQ(MenuCommandWhileBusy(command), WhileBusy::Ignore);
+}
+
 TEST(MenuHook, CloseAndExitAreHeldBackUntilThePanelHasUnhooked)
 {
     MenuHookAction close = DecideMenuMessage(MenuHookMessage::Close, 0, false);

@@ -1,0 +1,218 @@
+// One thing at a time beside the AOL simulator: a command, an advertisement
+// or a watcher tick asked for while another one waits is not run inside that
+// wait. What the room receives, what is stored and which windows come show it.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "AdvertText.h"
+#include "ChatLive.h"
+#include "resource.h"
+
+using namespace ChatLive;
+
+namespace {
+
+std::vector<std::string> Lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    size_t start = 0;
+    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
+        lines.push_back(text.substr(start, end - start));
+    return lines;
+}
+
+// The watcher ticks the program `pid` has finished, as its chat session answers; -1 without one.
+long WatcherTicks(DWORD pid)
+{
+    HWND session = nullptr;
+    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(session, &owner);
+        if (owner == pid)
+            return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
+    }
+    return -1;
+}
+
+class ChatNestingTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        EndEveryAOL();
+        FreshSettings(SimFolder() + "aol40");
+    }
+    void TearDown() override
+    {
+        prismo_.Kill();
+        sim_.Stop();
+        EndEveryAOL();
+    }
+
+    // AOL signed on in a room, then Prismo, until its hooks sit on the room.
+    void Start()
+    {
+        ASSERT_TRUE(sim_.Start("40", "--signed-on \"Zun Tester\" --room \"Town Square\""));
+        ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
+        PumpUntil([&] { return (panel_ = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW, false)) != nullptr; },
+                  60000);
+        ASSERT_TRUE(panel_) << "the control panel never came";
+        ASSERT_TRUE(PumpUntil(
+            [&] {
+                const std::string hooks = sim_.Ctl("subclassed");
+                return hooks.find("input\tsubclassed\n") != std::string::npos &&
+                       hooks.find("send\tsubclassed\n") != std::string::npos;
+            },
+            20000))
+            << sim_.Ctl("subclassed");
+    }
+
+    size_t Posted() { return Lines(sim_.Ctl("transcript")).size(); }
+    // The lines the room received from line `from` on.
+    std::vector<std::string> PostedSince(size_t from)
+    {
+        const std::vector<std::string> all = Lines(sim_.Ctl("transcript"));
+        return {all.begin() + static_cast<long>(from), all.end()};
+    }
+    // "/adv" typed and sent with Enter; true once its first line is in the room.
+    bool AdvertStarted(size_t before)
+    {
+        sim_.Ctl("type /adv");
+        sim_.Ctl("key enter");
+        return PumpUntil([&] { return Posted() > before; }, 15000);
+    }
+    // True once the room has `count` lines from `before` on and the program
+    // has finished what it was doing.
+    bool AdvertDone(size_t before, size_t count = 5)
+    {
+        PumpUntil([&] { return Posted() >= before + count; }, 30000);
+        return PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 30000);
+    }
+    // Typed straight into AOL's chat input's queue in one go, Enter last.
+    void TypeAndEnter(const std::string& text)
+    {
+        HWND input = sim_.Handle("input");
+        for (char c : text) PostMessageA(input, WM_CHAR, static_cast<unsigned char>(c), 0);
+        PostMessageA(input, WM_CHAR, 13, 0);
+    }
+    std::string SentLine(const std::string& text)
+    {
+        const size_t before = Posted();
+        sim_.Ctl("type \"" + text + "\"");
+        sim_.Ctl("key enter");
+        const std::vector<std::string> got = PostedSince(before);
+        return got.empty() ? "" : got.front();
+    }
+    bool Stored(const std::string& value)
+    {
+        return PumpUntil([&] { return Option("", "Fader On") == value; }, 5000);
+    }
+
+    SimAOL sim_;
+    TestProcess prismo_;
+    HWND panel_ = nullptr;
+};
+
+TEST_F(ChatNestingTest, DoubleClickOnTheSendIconPostsOneAdvertisement)
+{
+    Start();
+    const size_t before = Posted();
+    sim_.Ctl("type /adv");
+    HWND send = sim_.Handle("send");
+    for (int click = 0; click < 2; ++click) {
+        PostMessageA(send, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        PostMessageA(send, WM_LBUTTONUP, 0, 0);
+    }
+    ASSERT_TRUE(AdvertDone(before));
+    EXPECT_EQ(PostedSince(before), ExpectedAdvert());
+    // A second "/adv" while the first one runs is ignored as well.
+    const size_t second = Posted();
+    ASSERT_TRUE(AdvertStarted(second));
+    sim_.Ctl("type /adv");
+    sim_.Ctl("key enter");
+    ASSERT_TRUE(AdvertDone(second));
+    EXPECT_EQ(PostedSince(second), ExpectedAdvert());
+}
+
+// AOL's close box, or the program's own Exit, during an advertisement: the
+// advertisement stops at once and the program ends quietly; AOL closes only
+// when it was asked to.
+TEST_F(ChatNestingTest, ClosingAOLOrExitingDuringAnAdvertisementEndsPrismoWithoutAMessage)
+{
+    for (bool closeAOL : {true, false}) {
+        Start();
+        const size_t before = Posted();
+        ASSERT_TRUE(AdvertStarted(before));
+        if (closeAOL)
+            sim_.Ctl("quit");
+        else
+            PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
+        HWND box = nullptr;
+        PumpUntil(
+            [&] {
+                box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA);
+                return box || prismo_.Wait(0) != -1;
+            },
+            30000);
+        EXPECT_EQ(box, nullptr) << closeAOL << ": a message box came: " << WindowText(box);
+        EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
+        EXPECT_EQ(sim_.WaitExit(10000), closeAOL);
+        if (!closeAOL) {
+            EXPECT_EQ(sim_.Ctl("menu").find("Prism&o"), std::string::npos);
+            EXPECT_LT(PostedSince(before).size(), 5u) << "the advertisement stops";
+        }
+        TearDown();
+        SetUp();
+    }
+}
+
+TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
+{
+    Start();
+    // Off before: "/fadeon" typed during the advertisement turns the fader
+    // on for what follows, and the remaining lines still go out unfaded.
+    sim_.Ctl("type /fadeoff");
+    sim_.Ctl("key enter");
+    ASSERT_TRUE(Stored("False"));
+    size_t before = Posted();
+    ASSERT_TRUE(AdvertStarted(before));
+    TypeAndEnter("/fadeon");
+    ASSERT_TRUE(Stored("True"));
+    ASSERT_TRUE(AdvertDone(before));
+    EXPECT_EQ(PostedSince(before), ExpectedAdvert());
+    EXPECT_EQ(SentLine("after on"), FadedByCli("Cool Fade", "after on"));
+
+    // On before: the panel's Off pressed during the advertisement stays.
+    before = Posted();
+    ASSERT_TRUE(AdvertStarted(before));
+    PostMessageA(panel_, WM_COMMAND, IDC_CT_OFF, 0);
+    ASSERT_TRUE(Stored("False"));
+    ASSERT_TRUE(AdvertDone(before));
+    EXPECT_EQ(PostedSince(before), ExpectedAdvert());
+    EXPECT_EQ(SentLine("after off"), "after off");
+}
+
+// The program's watcher reads the signed-on name from AOL's Welcome window;
+// AOL 5.0 without one is asked for it by keyword and waited on for up to 10
+// seconds. Here the window stays under another caption, so the first tick
+// waits all that time, with the timer firing meanwhile.
+TEST_F(ChatNestingTest, TheWatcherNeverTicksInsideItsOwnWait)
+{
+    ASSERT_TRUE(sim_.Start("50", "--signed-on \"Zun Tester\""));
+    HWND welcome = FindWindowExA(sim_.Mdi(), nullptr, "AOL Child", "Welcome, Zun Tester!");
+    ASSERT_TRUE(welcome);
+    SetWindowTextA(welcome, "Hello, Zun Tester!");
+    ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
+    const auto welcomeRuns = [&] {
+        int runs = 0;
+        for (const std::string& keyword : Lines(sim_.Ctl("keywords"))) runs += keyword == "welcome";
+        return runs;
+    };
+    ASSERT_TRUE(PumpUntil([&] { return welcomeRuns() > 0; }, 60000)) << "the watcher never asked";
+    const long ticks = WatcherTicks(prismo_.Id());
+    EXPECT_TRUE(PumpUntil([&] { return WatcherTicks(prismo_.Id()) > ticks; }, 30000))
+        << "the tick that waits never ended";
+    EXPECT_EQ(welcomeRuns(), 1);
+}
+
+}  // namespace
