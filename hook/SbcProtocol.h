@@ -19,7 +19,7 @@ enum Op : std::uint32_t {
     OpMenuDump = 4,    // reply: one line per menu item, see below
     OpMenuInsert = 5,  // "position\n" + menu description lines
     OpMenuDelete = 6,  // std::uint32_t position in the menu bar
-    OpQuery = 7,       // reply ok when the window is attached and its messages reach us
+    OpQuery = 7,       // reply ok when the window is attached and its messages go to its program
     // DLL -> program's host window
     OpReply = 16,      // Reply header + text
     OpMessage = 17,    // HookedMessage; the answer carries the Answer bits

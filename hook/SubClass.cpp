@@ -335,7 +335,7 @@ bool SubClass::Attach(HWND window, const std::vector<UINT>& messages)
 
 bool SubClass::Live()
 {
-    return window_ && IsWindow(window_) && SbcHost::Get().Request(window_, sbc::OpQuery, "", 1, nullptr);
+    return window_ && SbcHookLive(window_);
 }
 
 void SubClass::ReportAs(std::string module, std::string procedure)
@@ -372,7 +372,7 @@ void SubClass::PostDelayedEvent(LONG_PTR value)
 // ---- menus ---------------------------------------------------------------
 
 namespace {
-// Runs one menu request with the DLL loaded on the window's thread.
+// Runs one request with the DLL loaded on the window's thread.
 bool MenuRequest(HWND window, sbc::Op op, const void* data, DWORD size, std::string* text)
 {
     if (!window || !IsWindow(window)) return false;
@@ -384,6 +384,11 @@ bool MenuRequest(HWND window, sbc::Op op, const void* data, DWORD size, std::str
     return ok;
 }
 }  // namespace
+
+bool SbcHookLive(HWND window)
+{
+    return MenuRequest(window, sbc::OpQuery, "", 1, nullptr);
+}
 
 bool SbcMenuDump(HWND window, std::string& dump)
 {

@@ -55,6 +55,10 @@ private:
     std::string reportModule_ = "SubClass", reportProcedure_ = "WndMessageX";
 };
 
+// True when `window` is hooked and its watched messages still go to the
+// program that hooked it (asked of the DLL inside the window's process).
+bool SbcHookLive(HWND window);
+
 // Runs `step` at once, or, while a hooked window waits for one of our
 // handlers, right after that window's message has returned: nothing modal
 // may keep AOL waiting.

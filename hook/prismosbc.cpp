@@ -26,6 +26,7 @@ HMODULE g_pin;               // our own reference to the DLL, while needed
 int g_windows;               // windows subclassed now
 int g_frames;                // frames of SbcWndProc under way now
 BOOL g_loaderReferenceGone;  // Wine's hook loader's reference, given back once
+BOOL g_justLoaded;           // no hook call has returned since the DLL came in
 
 struct Frame {
     Frame() { ++g_frames; }
@@ -157,13 +158,16 @@ BOOL UnderWine()
 // window subclassed and no frame of our window procedure on the stack. Runs
 // only inside the window hook, whose caller holds the DLL until the hook
 // procedure has returned, so the last reference goes after our code has run.
-void LeaveProcess()
+// Not in the hook call that loaded the DLL: that call holds no reference of
+// its own.
+void LeaveProcess(BOOL loadedForThisCall)
 {
-    if (g_windows > 0 || g_frames > 0 || !g_pin) return;
-    HMODULE pin = g_pin;
-    g_pin = nullptr;
-    FreeLibrary(pin);
-    if (!g_loaderReferenceGone && UnderWine()) {
+    if (g_windows > 0 || g_frames > 0) return;
+    if (HMODULE pin = g_pin) {
+        g_pin = nullptr;
+        FreeLibrary(pin);
+    }
+    if (!loadedForThisCall && !g_loaderReferenceGone && UnderWine()) {
         g_loaderReferenceGone = TRUE;
         FreeLibrary(g_module);
     }
@@ -405,10 +409,10 @@ void HandleRequest(HWND window, HWND host, const COPYDATASTRUCT* data)
         SendReply(host, window, Detach(window), "", 0);
         break;
     case sbc::OpQuery: {
-        // Live: attached for this program and not passing everything on.
+        // Live: attached, its program still there, and not passing everything on.
         const HookedWindow* state = StateOf(window);
-        SendReply(host, window, state && state->attached && !state->passThrough && state->host == host, "",
-                  0);
+        SendReply(host, window, state && state->attached && !state->passThrough && IsWindow(state->host),
+                  "", 0);
         LeaveIfUnused(window);
         break;
     }
@@ -452,6 +456,8 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK SbcCallWndProc(int code, WPARA
 {
     // Only the subclassed window procedure sees WM_COPYDATA's data intact
     // (Wine hands hooks the packed form), so the hook only subclasses.
+    const BOOL loadedForThisCall = g_justLoaded;
+    g_justLoaded = FALSE;
     if (code == HC_ACTION) {
         const CWPSTRUCT* call = reinterpret_cast<const CWPSTRUCT*>(lParam);
         if (call->message >= 0xC000 &&
@@ -459,7 +465,7 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK SbcCallWndProc(int code, WPARA
             Subclass(call->hwnd, reinterpret_cast<HWND>(call->wParam));
         else if (call->message >= 0xC000 &&
                  call->message == RegisterWindowMessageA(sbc::kUnloadMessageName))
-            LeaveProcess();
+            LeaveProcess(loadedForThisCall);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -468,6 +474,7 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
 {
     if (reason == DLL_PROCESS_ATTACH) {
         g_module = instance;
+        g_justLoaded = TRUE;
         DisableThreadLibraryCalls(instance);
     }
     return TRUE;
