@@ -18,18 +18,18 @@ const UINT kRequestTimeoutMs = 5000;
 // AOL waited, and run what they left for afterwards.
 const UINT kReportMessage = WM_APP + 1;
 
+BOOL CALLBACK TakeFirstWindow(HWND window, LPARAM out)
+{
+    *reinterpret_cast<HWND*>(out) = window;
+    return FALSE;
+}
+
 // A window of `thread` that can carry a message to the window hook there.
 HWND WindowOfThread(DWORD thread, HWND known)
 {
     if (known && IsWindow(known) && GetWindowThreadProcessId(known, nullptr) == thread) return known;
     HWND found = nullptr;
-    EnumThreadWindows(
-        thread,
-        [](HWND window, LPARAM out) -> BOOL {
-            *reinterpret_cast<HWND*>(out) = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(thread, TakeFirstWindow, reinterpret_cast<LPARAM>(&found));
     return found;
 }
 }  // namespace
