@@ -119,10 +119,12 @@ bool ChatSession::AnswerTestFault(UINT message, WPARAM wParam, LRESULT& answer)
     static const UINT failAttach = RegisterWindowMessageA(kTestFailAttachMessage);
     static const UINT failMenu = RegisterWindowMessageA(kTestFailMenuHookMessage);
     static const UINT live = RegisterWindowMessageA(kTestHooksLiveMessage);
+    static const UINT holdOff = RegisterWindowMessageA(kTestHoldOffChatInputMessage);
     answer = 1;
     if (message == hold) testFaults_.holdMs = static_cast<DWORD>(wParam);
     else if (message == failAttach) testFaults_.failAttaches = static_cast<int>(wParam);
     else if (message == failMenu) testFaults_.failMenuHook = true;
+    else if (message == holdOff) HoldOffChatInputHook(wParam != 0);
     else if (message == live)
         answer = (sbcChatEdit.Live() ? 1 : 0) | (sbcSendIcon.Live() ? 2 : 0) | (sbcMenu.Live() ? 4 : 0);
     else return false;

@@ -79,6 +79,22 @@ TEST_F(HooksRecover, AnAttachThatFailedIsTriedAgainOnTheNextTick)
     WorksAndExitsCleanly();
 }
 
+// A chat input hook let go of on purpose (as while several lines are sent)
+// stays off through the watcher's ticks, and comes back when resumed.
+TEST_F(HooksRecover, AChatInputHookHeldOffStaysOffUntilResumed)
+{
+    Start();
+    Ask(kTestHoldOffChatInputMessage, 1);
+    const long heldAt = Ticks();
+    ASSERT_TRUE(PumpUntil([&] { return Ticks() >= heldAt + 3; }, 10000));
+    EXPECT_EQ(Ask(kTestHooksLiveMessage), 6) << "only the send icon and the menu are hooked";
+    EXPECT_EQ(sim_.Ctl("subclassed").find("input\tsubclassed\n"), std::string::npos);
+    EXPECT_EQ(Send("held"), "held\n");
+    Ask(kTestHoldOffChatInputMessage, 0);
+    EXPECT_TRUE(AllLive());
+    EXPECT_EQ(Send("resumed"), FadedByCli("Cool Fade", "resumed") + "\n");
+}
+
 // Abort in the error report of a failing hook handler: the report comes once
 // AOL has gone on with the message, and the program leaves AOL as menu Exit does.
 TEST_F(HooksRecover, AbortInTheErrorReportTakesTheProgramOutOfAOL)
