@@ -7,6 +7,7 @@
 #include "AOLHandles.h"
 #include "AOLState.h"
 #include "AOLText.h"
+#include "SubClass.h"
 #include "modAOLMenu.h"
 #include "modFindChild.h"
 #include "modLaunch32.h"
@@ -142,7 +143,9 @@ void TextToChat(const std::string& text, short mode)
 {
     HWND room = FindChatRoom(AOLMDIClient, "AOL Child");
     if (!room) {
-        AOLMessage("You must be in a ~B~CRchat room~B~CN to use this feature!", 64);
+        // Shown once the hooked key or click that asked for it has returned:
+        // AOL waits for our handlers, and a message box would keep it waiting.
+        SbcRunAfterHookedMessage([] { AOLMessage("You must be in a ~B~CRchat room~B~CN to use this feature!", 64); });
         return;
     }
     HWND transcript = FindWindowExA(room, nullptr, "RICHCNTL", nullptr);

@@ -137,8 +137,10 @@ void LoadSettingsAndSchemes()
 
 }  // namespace
 
+// Every end takes the program out of AOL first: its menu, then its hooks.
 void EndProgram()
 {
+    ErrorTrap::Ignoring([] { RemoveMenuFromAOL(); });
     TheChatSession().Stop();
     UnloadAllForms();
     ExitProcess(0);

@@ -42,14 +42,20 @@ ChatSession::~ChatSession() = default;
 void ChatSession::WireHooks()
 {
     sbcChatEdit.WndMessageX = [this](HWND w, UINT m, WPARAM wp, LPARAM lp, LRESULT& r, bool& nd) {
+        HoldIfAsked();
         sbcChatEdit_WndMessageX(w, m, wp, lp, r, nd);
     };
     sbcSendIcon.WndMessageX = [this](HWND w, UINT m, WPARAM wp, LPARAM lp, LRESULT& r, bool& nd) {
+        HoldIfAsked();
         sbcSendIcon_WndMessageX(w, m, wp, lp, r, nd);
     };
     sbcMenu.WndMessageX = [this](HWND w, UINT m, WPARAM wp, LPARAM lp, LRESULT& r, bool& nd) {
+        HoldIfAsked();
         sbcMenu_WndMessageX(w, m, wp, lp, r, nd);
     };
+    // Their failures are reported once AOL has gone on with the message.
+    sbcSendIcon.ReportAs("frmChatTools", "sbcSendIcon_WndMessageX");
+    sbcMenu.ReportAs("frmChatTools", "sbcMenu_WndMessageX");
     // Commands run after AOL has handled the key or click that asked for them.
     auto sendDelayed = [this](LONG_PTR value) { ErrorTrap::Ignoring([&] { SendHook_DelayedEvent(value); }); };
     sbcChatEdit.DelayedEvent = sendDelayed;
@@ -90,6 +96,54 @@ void ChatSession::DetachChatHooks()
     sbcChatEdit.Attach(nullptr, {});
     sbcSendIcon.Attach(nullptr, {});
     ChatHooked = false;
+    ChatRoomHooked = nullptr;
+}
+
+void ChatSession::HoldOffChatInputHook(bool holdOff)
+{
+    ChatInputHeldOff = holdOff;
+    if (holdOff) {
+        ErrorTrap::Ignoring([&] { sbcChatEdit.Attach(nullptr, {}); });
+    } else if (ChatHooked && Running()) {
+        ChatHooked = HookChatRoom();
+    }
+}
+
+// The Windows test build makes, on request, the faults that a loaded machine
+// or a busy AOL bring: a handler that answers late, an attach that fails, a
+// handler that fails. Nothing of this is in the release.
+bool ChatSession::AnswerTestFault(UINT message, WPARAM wParam, LRESULT& answer)
+{
+#ifdef PRISMO_TEST_FAULTS
+    static const UINT hold = RegisterWindowMessageA(kTestHoldMessage);
+    static const UINT failAttach = RegisterWindowMessageA(kTestFailAttachMessage);
+    static const UINT failMenu = RegisterWindowMessageA(kTestFailMenuHookMessage);
+    static const UINT live = RegisterWindowMessageA(kTestHooksLiveMessage);
+    static const UINT holdOff = RegisterWindowMessageA(kTestHoldOffChatInputMessage);
+    answer = 1;
+    if (message == hold) testFaults_.holdMs = static_cast<DWORD>(wParam);
+    else if (message == failAttach) testFaults_.failAttaches = static_cast<int>(wParam);
+    else if (message == failMenu) testFaults_.failMenuHook = true;
+    else if (message == holdOff) HoldOffChatInputHook(wParam != 0);
+    else if (message == live)
+        answer = (sbcChatEdit.Live() ? 1 : 0) | (sbcSendIcon.Live() ? 2 : 0) | (sbcMenu.Live() ? 4 : 0);
+    else return false;
+    return true;
+#else
+    (void)message;
+    (void)wParam;
+    (void)answer;
+    return false;
+#endif
+}
+
+// Holds the hooked message as a program too busy to answer would (test build only).
+void ChatSession::HoldIfAsked()
+{
+    if (!testFaults_.holdMs) return;
+    const DWORD ms = testFaults_.holdMs;
+    testFaults_.holdMs = 0;
+    Sleep(ms);
 }
 
 // A failing tick is ignored as each of its steps is; the next tick comes as
@@ -116,6 +170,8 @@ LRESULT CALLBACK ChatSession::WindowProc(HWND window, UINT message, WPARAM wPara
     }
     if (session && message == WatcherTicksMessage()) return session->ticks_;
     if (session && message == CommandRunningMessage()) return session->commandsRunning_ > 0;
+    LRESULT answer = 0;
+    if (session && message >= 0xC000 && session->AnswerTestFault(message, wParam, answer)) return answer;
     if (message == WM_NCDESTROY) SetWindowLongPtrA(window, GWLP_USERDATA, 0);
     return DefWindowProcA(window, message, wParam, lParam);
 }

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "ChatText.h"
 #include "SubClass.h"
@@ -64,6 +65,9 @@ public:
     void RunMenuCommand(MenuCommand command);
     // Takes the program out of AOL, ends it, and lets AOL's close go on.
     void UnhookPrismo();
+    // While held off, the chat input hook stays detached and the watcher
+    // leaves it so; resuming hooks the room's input again at once.
+    void HoldOffChatInputHook(bool holdOff);
 
     // One thing at a time. A command, an advertisement, a multiline send or a
     // watcher tick may wait (servicing events) for seconds; whatever else is
@@ -87,6 +91,13 @@ private:
     void FollowMailWindows();
     void FollowSignOn();
     void DetachChatHooks();
+    // Hooks that recover (Watcher.cpp): each tick asks the DLL whether each
+    // hook still listens and attaches again any that does not.
+    bool HookChatRoom();
+    bool KeepHooked(SubClass& hook, HWND window, const std::vector<UINT>& messages);
+    // Faults on cue, answered by the Windows test build only (ChatSession.cpp).
+    bool AnswerTestFault(UINT message, WPARAM wParam, LRESULT& answer);
+    void HoldIfAsked();
 
     // The send hooks (SendHooks.cpp).
     void sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result,
@@ -145,6 +156,15 @@ private:
     bool EFadeShown = false;           // the e-mail fader toolbar is up for a mail window
     bool SignedOnSeen = false;         // sign-on state and screen name taken in
     bool PanelShownForChat = false;    // the watcher showed the panel for the open room
+
+    // Hooks that recover.
+    HWND ChatRoomHooked = nullptr;     // the chat room the send hooks were attached in
+    bool ChatInputHeldOff = false;     // the chat input hook let go of on purpose
+    struct {
+        DWORD holdMs = 0;              // hold the next hooked message this long
+        int failAttaches = 0;          // attaches still to fail
+        bool failMenuHook = false;     // the next menu hook message fails
+    } testFaults_;
 };
 
 // Shared flags of the chat fader.

@@ -24,6 +24,17 @@ inline constexpr char kChatSessionClass[] = "PrismoChatSession";
 inline constexpr char kChatSessionCaption[] = "Prismo Chat Session";
 inline constexpr char kWatcherTicksMessage[] = "Prismo.WatcherTicks";
 inline constexpr char kCommandRunningMessage[] = "Prismo.CommandRunning";
+// Only the Windows test build answers these, to make faults a user's machine
+// brings happen on cue: wParam milliseconds of holding the next hooked
+// message; the next wParam attaches of the watcher failing; the next look at
+// AOL's menu messages failing with a run-time error; the chat input hook held
+// off (wParam 1) or resumed (0). And which hooks are live now, as the DLL
+// inside AOL tells: 1 the chat input's, 2 the send icon's, 4 the main window's.
+inline constexpr char kTestHooksLiveMessage[] = "Prismo.TestHooksLive";
+inline constexpr char kTestHoldOffChatInputMessage[] = "Prismo.TestHoldOffChatInput";
+inline constexpr char kTestHoldMessage[] = "Prismo.TestHoldHookedMessage";
+inline constexpr char kTestFailAttachMessage[] = "Prismo.TestFailAttach";
+inline constexpr char kTestFailMenuHookMessage[] = "Prismo.TestFailMenuHook";
 
 // ---- Chat commands ("/" + word typed into the chat input) ----
 

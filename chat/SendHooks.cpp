@@ -121,10 +121,11 @@ void ChatSession::SendFadedLine(HWND input, const std::string& line)
 }
 
 // Runs before the send icon sees the mouse button. AOL sends on the click, so
-// the faded line put in at button-down is what goes out.
+// the faded line put in at button-down is what goes out. A failure leaves the
+// click to AOL and is reported once AOL has gone on: no report may keep AOL
+// waiting on the click.
 void ChatSession::sbcSendIcon_WndMessageX(HWND, UINT message, WPARAM, LPARAM, LRESULT&, bool&)
 {
-    ErrorTrap trap("frmChatTools", "sbcSendIcon_WndMessageX");
     HWND input = sbcChatEdit.Window();
     if (message == WM_LBUTTONUP) {
         if (CommandPending) sbcSendIcon.PostDelayedEvent(kRunClickCommand);
@@ -132,18 +133,17 @@ void ChatSession::sbcSendIcon_WndMessageX(HWND, UINT message, WPARAM, LPARAM, LR
         return;
     }
     if (message != WM_LBUTTONDOWN || !input) return;
-    std::string line;
-    if (!trap.Run([&] { line = ReadChatLine(input); })) return;
+    const std::string line = ReadChatLine(input);
     switch (DecideSendClick(line, Options.FaderOn)) {
     case SendAction::PassOn:
         return;
     case SendAction::Command:
-        trap.Run([&] { SetChatLine(input, ""); });
+        SetChatLine(input, "");
         PendingCommand = line.substr(1);
         CommandPending = true;
         return;
     case SendAction::Fade:
-        trap.Run([&] { PutFadedLine(input, line); });
+        PutFadedLine(input, line);
         return;
     }
 }

@@ -49,6 +49,9 @@ void ChatSession::Timer1_Timer()
 }
 
 // The send hooks follow the open chat room; the panel comes and goes with it.
+// A hook can go deaf: AOL stops asking us for good once we answer one message
+// late, so every tick each hook is asked whether it still listens and is
+// attached again when it does not. The menu hook is kept the same way.
 void ChatSession::FollowChatRoom()
 {
     HWND room = nullptr, input = nullptr;
@@ -56,7 +59,9 @@ void ChatSession::FollowChatRoom()
         room = FindChatRoom(AOLMDIClient, "AOL Child");
         if (room) input = FindChildByClass(room, "RICHCNTL", 2);
     });
-    if (input != ChatInputWindow) ChatHooked = false;
+    // Windows 9x gives a closed window's handle to the next window soon: a
+    // new room's input may come back at the old input's handle.
+    if (input != ChatInputWindow || room != ChatRoomHooked) ChatHooked = false;
     if (!room) {
         ErrorTrap::Ignoring([&] { DetachChatHooks(); });
         ChatHooked = false;
@@ -65,24 +70,54 @@ void ChatSession::FollowChatRoom()
             PanelShownForChat = false;
             ErrorTrap::Ignoring([&] { panel_.HidePanel(); });
         }
-    } else if (!ChatHooked) {
-        ChatInputWindow = input;
-        HWND send = nullptr;
-        ErrorTrap::Ignoring([&] {
-            send = GetWindow(input, GW_HWNDNEXT);
-            if (AOLEdition.UK && send) send = GetWindow(send, GW_HWNDNEXT);
-        });
-        if (Options.ShowFadePanelWithChat && !PanelShownForChat) {
-            PanelShownForChat = true;
-            ErrorTrap::Ignoring([&] { panel_.ShowPanel(); });
-            ChatRoomWindow = room;
+    } else {
+        if (!ChatHooked) {
+            ChatInputWindow = input;
+            ChatRoomHooked = room;
+            if (Options.ShowFadePanelWithChat && !PanelShownForChat) {
+                PanelShownForChat = true;
+                ErrorTrap::Ignoring([&] { panel_.ShowPanel(); });
+                ChatRoomWindow = room;
+            }
         }
-        ErrorTrap::Ignoring([&] {
-            sbcChatEdit.Attach(input, {WM_CHAR});
-            sbcSendIcon.Attach(send, {WM_LBUTTONDOWN, WM_LBUTTONUP});
-        });
-        ChatHooked = true;
+        ChatHooked = HookChatRoom();
     }
+    if (AOLWindow) KeepHooked(sbcMenu, AOLWindow, {WM_CLOSE, WM_COMMAND});
+}
+
+// Both send hooks on the hooked room, live; the chat input's only while it is
+// not held off. True when both are in place.
+bool ChatSession::HookChatRoom()
+{
+    HWND send = nullptr;
+    ErrorTrap::Ignoring([&] {
+        send = GetWindow(ChatInputWindow, GW_HWNDNEXT);
+        if (AOLEdition.UK && send) send = GetWindow(send, GW_HWNDNEXT);
+    });
+    bool input = true;
+    if (ChatInputHeldOff)
+        ErrorTrap::Ignoring([&] { sbcChatEdit.Attach(nullptr, {}); });
+    else
+        input = KeepHooked(sbcChatEdit, ChatInputWindow, {WM_CHAR});
+    const bool icon = KeepHooked(sbcSendIcon, send, {WM_LBUTTONDOWN, WM_LBUTTONUP});
+    return input && icon;
+}
+
+// True when `hook` sits on `window` and its messages reach us, attaching it
+// again when they do not.
+bool ChatSession::KeepHooked(SubClass& hook, HWND window, const std::vector<UINT>& messages)
+{
+    bool live = false;
+    ErrorTrap::Ignoring([&] {
+        if (window && hook.Window() == window && hook.Live()) {
+            live = true;
+        } else if (testFaults_.failAttaches > 0) {
+            --testFaults_.failAttaches;
+        } else {
+            live = hook.Attach(window, messages) && window != nullptr;
+        }
+    });
+    return live;
 }
 
 // The e-mail fader's toolbar stands beside a mail being written.
@@ -118,9 +153,14 @@ void ChatSession::FollowSignOn()
     }
 }
 
+// A failure here is reported once AOL has gone on with the message.
 void ChatSession::sbcMenu_WndMessageX(HWND, UINT message, WPARAM wParam, LPARAM, LRESULT& result,
                                        bool& noDefault)
 {
+    if (testFaults_.failMenuHook) {
+        testFaults_.failMenuHook = false;
+        throw RuntimeError(Err::DeviceIO, "Device I/O error");
+    }
     const MenuHookMessage which = message == WM_CLOSE     ? MenuHookMessage::Close
                                   : message == WM_COMMAND ? MenuHookMessage::Command
                                                           : MenuHookMessage::Other;

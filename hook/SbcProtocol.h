@@ -19,6 +19,7 @@ enum Op : std::uint32_t {
     OpMenuDump = 4,    // reply: one line per menu item, see below
     OpMenuInsert = 5,  // "position\n" + menu description lines
     OpMenuDelete = 6,  // std::uint32_t position in the menu bar
+    OpQuery = 7,       // reply ok when the window is attached and its messages go to its program
     // DLL -> program's host window
     OpReply = 16,      // Reply header + text
     OpMessage = 17,    // HookedMessage; the answer carries the Answer bits
@@ -57,6 +58,12 @@ constexpr unsigned kTimeoutMs = 2000;
 // window) before any request: the hook subclasses the window, and from then
 // on the requests reach our window procedure as ordinary WM_COPYDATA.
 constexpr const char* kPrepareMessageName = "PrismoSbcPrepare";
+
+// Registered message the program sends to a window of a hooked thread once
+// it holds no window of that thread any more: the window hook lets the DLL go
+// out of the process, which only the hook may do (no frame of ours is on the
+// stack then).
+constexpr const char* kUnloadMessageName = "PrismoSbcUnload";
 
 // Registered message the DLL posts to the host window, wParam = hooked
 // window, once that window's procedure has returned from a forwarded message.

@@ -15,8 +15,23 @@ const char kHostClass[] = "PrismoSbcHost";
 // How long the program waits for AOL to carry out a request.
 const UINT kRequestTimeoutMs = 5000;
 // Posted to the hidden window: show the failures of handlers that ran while
-// AOL waited.
+// AOL waited, and run what they left for afterwards.
 const UINT kReportMessage = WM_APP + 1;
+
+BOOL CALLBACK TakeFirstWindow(HWND window, LPARAM out)
+{
+    *reinterpret_cast<HWND*>(out) = window;
+    return FALSE;
+}
+
+// A window of `thread` that can carry a message to the window hook there.
+HWND WindowOfThread(DWORD thread, HWND known)
+{
+    if (known && IsWindow(known) && GetWindowThreadProcessId(known, nullptr) == thread) return known;
+    HWND found = nullptr;
+    EnumThreadWindows(thread, TakeFirstWindow, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
 }  // namespace
 
 // The hidden window, the loaded DLL and one window hook per hooked thread.
@@ -29,18 +44,21 @@ public:
     }
 
     HWND Window();
-    bool AcquireThread(DWORD thread);
+    // Puts the window hook on `window`'s thread (once per thread).
+    bool AcquireThread(HWND window);
     void ReleaseThread(DWORD thread);
     // Sends a request to `target` and waits for the DLL's reply.
     bool Request(HWND target, sbc::Op op, const void* data, DWORD size, std::string* text);
 
     void Register(HWND window, SubClass* object) { objects_[window] = object; }
     void Unregister(HWND window) { objects_.erase(window); }
+    void RunAfterHookedMessage(std::function<void()> step);
 
 private:
     struct Hook {
         HHOOK handle;
         int users;
+        HWND window;  // one of the thread's windows, for the last word to the DLL
     };
     SbcHost() = default;
     bool LoadDll();
@@ -55,6 +73,9 @@ private:
     HOOKPROC hookProc_ = nullptr;
     UINT releaseMessage_ = 0;
     UINT prepareMessage_ = 0;
+    UINT unloadMessage_ = 0;
+    int hookedMessages_ = 0;  // forwarded messages being handled now (nested ones too)
+    std::vector<std::function<void()>> afterMessage_;
     std::map<DWORD, Hook> hooks_;
     std::map<HWND, SubClass*> objects_;
     bool gotReply_ = false;
@@ -89,32 +110,52 @@ HWND SbcHost::Window()
     RegisterClassA(&wc);  // fails harmlessly when already registered
     releaseMessage_ = RegisterWindowMessageA(sbc::kReleaseMessageName);
     prepareMessage_ = RegisterWindowMessageA(sbc::kPrepareMessageName);
+    unloadMessage_ = RegisterWindowMessageA(sbc::kUnloadMessageName);
     // A hidden top-level window: message-only windows do not exist on Windows 95.
     window_ = CreateWindowA(kHostClass, "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, instance,
                             nullptr);
     return window_;
 }
 
-bool SbcHost::AcquireThread(DWORD thread)
+bool SbcHost::AcquireThread(HWND window)
 {
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
     auto found = hooks_.find(thread);
     if (found != hooks_.end()) {
         ++found->second.users;
+        found->second.window = window;
         return true;
     }
     if (!LoadDll() || !Window()) return false;
     HHOOK handle = SetWindowsHookExA(WH_CALLWNDPROC, hookProc_, dll_, thread);
     if (!handle) return false;
-    hooks_[thread] = Hook{handle, 1};
+    hooks_[thread] = Hook{handle, 1, window};
     return true;
 }
 
+// The last hold on a thread goes: the DLL is told, through its window hook,
+// that it may leave the process, and then the hook goes.
 void SbcHost::ReleaseThread(DWORD thread)
 {
     auto found = hooks_.find(thread);
     if (found == hooks_.end() || --found->second.users > 0) return;
+    if (HWND window = WindowOfThread(thread, found->second.window)) {
+        DWORD_PTR ignored = 0;
+        SendMessageTimeoutA(window, unloadMessage_, 0, 0, SMTO_NORMAL | SMTO_ABORTIFHUNG, kRequestTimeoutMs,
+                            &ignored);
+    }
     UnhookWindowsHookEx(found->second.handle);
     hooks_.erase(found);
+}
+
+void SbcHost::RunAfterHookedMessage(std::function<void()> step)
+{
+    if (hookedMessages_ == 0) {
+        step();
+        return;
+    }
+    afterMessage_.push_back(std::move(step));
+    PostMessageA(Window(), kReportMessage, 0, 0);
 }
 
 bool SbcHost::Request(HWND target, sbc::Op op, const void* data, DWORD size, std::string* text)
@@ -187,14 +228,16 @@ LRESULT SbcHost::OnHookedMessage(const sbc::HookedMessage& hooked)
     bool noDefault = false;
     const bool outer = !object->inMessage_;
     object->inMessage_ = true;
+    ++hookedMessages_;
     try {
         object->WndMessageX(window, hooked.message, static_cast<WPARAM>(hooked.wParam),
                             static_cast<LPARAM>(hooked.lParam), result, noDefault);
     } catch (...) {
         noDefault = false;
-        deferred_.push_back(CaughtErrorReport("SubClass", "WndMessageX"));
+        deferred_.push_back(CaughtErrorReport(object->reportModule_, object->reportProcedure_));
         PostMessageA(Window(), kReportMessage, 0, 0);
     }
+    --hookedMessages_;
     if (outer) object->inMessage_ = false;
     // The handler may have detached the object; then it answers no more.
     found = objects_.find(window);
@@ -246,6 +289,14 @@ void SbcHost::ShowDeferredReports()
     reports.swap(deferred_);
     for (const ErrorReport& report : reports)
         if (ReportError(report) == AnswerAbort) AbortProgram();
+    std::vector<std::function<void()>> steps;
+    steps.swap(afterMessage_);
+    for (auto& step : steps) step();
+}
+
+void SbcRunAfterHookedMessage(std::function<void()> step)
+{
+    SbcHost::Get().RunAfterHookedMessage(std::move(step));
 }
 
 // ---- SubClass ------------------------------------------------------------
@@ -259,15 +310,19 @@ SubClass::~SubClass()
 
 bool SubClass::Attach(HWND window, const std::vector<UINT>& messages)
 {
-    Detach();
-    if (!window) return true;
-    if (!IsWindow(window)) return false;
-    SbcHost& host = SbcHost::Get();
-    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-    if (!host.AcquireThread(thread)) return false;
     sbc::AttachRequest request = {};
     for (UINT message : messages)
         if (request.count < sbc::kMaxMessages) request.messages[request.count++] = message;
+    SbcHost& host = SbcHost::Get();
+    // Already ours: the DLL only has to listen again.
+    if (window && window == window_ && IsWindow(window) &&
+        host.Request(window, sbc::OpAttach, &request, sizeof request, nullptr))
+        return true;
+    Detach();
+    if (!window) return true;
+    if (!IsWindow(window)) return false;
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    if (!host.AcquireThread(window)) return false;
     if (!host.Request(window, sbc::OpAttach, &request, sizeof request, nullptr)) {
         host.ReleaseThread(thread);
         return false;
@@ -276,6 +331,17 @@ bool SubClass::Attach(HWND window, const std::vector<UINT>& messages)
     thread_ = thread;
     host.Register(window, this);
     return true;
+}
+
+bool SubClass::Live()
+{
+    return window_ && SbcHookLive(window_);
+}
+
+void SubClass::ReportAs(std::string module, std::string procedure)
+{
+    reportModule_ = std::move(module);
+    reportProcedure_ = std::move(procedure);
 }
 
 void SubClass::Detach()
@@ -306,18 +372,23 @@ void SubClass::PostDelayedEvent(LONG_PTR value)
 // ---- menus ---------------------------------------------------------------
 
 namespace {
-// Runs one menu request with the DLL loaded on the window's thread.
+// Runs one request with the DLL loaded on the window's thread.
 bool MenuRequest(HWND window, sbc::Op op, const void* data, DWORD size, std::string* text)
 {
     if (!window || !IsWindow(window)) return false;
     SbcHost& host = SbcHost::Get();
     const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-    if (!host.AcquireThread(thread)) return false;
+    if (!host.AcquireThread(window)) return false;
     const bool ok = host.Request(window, op, data, size, text);
     host.ReleaseThread(thread);
     return ok;
 }
 }  // namespace
+
+bool SbcHookLive(HWND window)
+{
+    return MenuRequest(window, sbc::OpQuery, "", 1, nullptr);
+}
 
 bool SbcMenuDump(HWND window, std::string& dump)
 {

@@ -26,10 +26,16 @@ public:
     SubClass& operator=(const SubClass&) = delete;
 
     // Hooks `window` for `messages` (at most 16); a window of 0 detaches.
-    // One window per object: attaching elsewhere detaches the old one first.
+    // One window per object: attaching elsewhere detaches the old one first;
+    // attaching to the same window again makes its hook live again.
     // Returns false when the window could not be hooked.
     bool Attach(HWND window, const std::vector<UINT>& messages);
     HWND Window() const { return window_; }
+    // Asks the DLL inside the hooked window's process whether the window's
+    // watched messages still reach us (false after a time-out or when detached).
+    bool Live();
+    // Names the handler in the error report of a WndMessageX that fails.
+    void ReportAs(std::string module, std::string procedure);
 
     // From inside WndMessageX: queue `value` for DelayedEvent.
     void PostDelayedEvent(LONG_PTR value);
@@ -46,7 +52,17 @@ private:
     std::vector<LONG_PTR> delayed_;  // posted during the message being handled
     std::vector<LONG_PTR> released_;  // waiting for the hooked window to return
     bool inMessage_ = false;
+    std::string reportModule_ = "SubClass", reportProcedure_ = "WndMessageX";
 };
+
+// True when `window` is hooked and its watched messages still go to the
+// program that hooked it (asked of the DLL inside the window's process).
+bool SbcHookLive(HWND window);
+
+// Runs `step` at once, or, while a hooked window waits for one of our
+// handlers, right after that window's message has returned: nothing modal
+// may keep AOL waiting.
+void SbcRunAfterHookedMessage(std::function<void()> step);
 
 // Menu work that must run inside the window's own process (another process
 // may not touch its menus). Each returns false when the window did not

@@ -4,8 +4,9 @@
 // make. AOL must never crash or hang because of Prismo, so whenever Prismo
 // does not answer in time every message goes on untouched.
 //
-// All state lives with the hooked window (a window property); the DLL writes
-// nothing to disk and uses no exceptions.
+// All state lives with the hooked window (a window property), except what
+// keeps the DLL itself loaded; the DLL writes nothing to disk and uses no
+// exceptions.
 #include <windows.h>
 
 #include <cstdlib>
@@ -18,6 +19,22 @@ namespace {
 const char kStateProp[] = "PrismoSbcState";
 HINSTANCE g_module;  // our own module handle, fixed for the life of the DLL
 
+// The DLL stays loaded while a window is subclassed or a frame of our window
+// procedure is on AOL's stack: code that a frame returns into must not go
+// away under it. AOL's windows all live on its one user-interface thread.
+HMODULE g_pin;               // our own reference to the DLL, while needed
+int g_windows;               // windows subclassed now
+int g_frames;                // frames of SbcWndProc under way now
+BOOL g_loaderReferenceGone;  // Wine's hook loader's reference, given back once
+BOOL g_justLoaded;           // no hook call has returned since the DLL came in
+
+struct Frame {
+    Frame() { ++g_frames; }
+    ~Frame() { --g_frames; }
+    Frame(const Frame&) = delete;
+    Frame& operator=(const Frame&) = delete;
+};
+
 struct HookedWindow {
     WNDPROC original;
     HWND host;  // Prismo's message window
@@ -27,7 +44,6 @@ struct HookedWindow {
     BOOL attached;     // a SubClass object holds the window (not just a menu request)
     BOOL hasResult;
     LRESULT result;
-    HMODULE pin;  // keeps this DLL loaded while the window is subclassed
 };
 
 LRESULT CALLBACK SbcWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -81,15 +97,15 @@ BOOL Subclass(HWND window, HWND host)
     if (!state) {
         char path[MAX_PATH];
         if (!GetModuleFileNameA(g_module, path, sizeof path)) return FALSE;
+        if (!g_pin && !(g_pin = LoadLibraryA(path))) return FALSE;
         state = static_cast<HookedWindow*>(
             HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(HookedWindow)));
         if (!state) return FALSE;
-        state->pin = LoadLibraryA(path);
         if (!SetPropA(window, kStateProp, state)) {
-            if (state->pin) FreeLibrary(state->pin);
             HeapFree(GetProcessHeap(), 0, state);
             return FALSE;
         }
+        ++g_windows;
         state->original = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(
             window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SbcWndProc)));
         state->host = host;
@@ -123,12 +139,38 @@ BOOL Detach(HWND window)
     if (current != reinterpret_cast<LONG_PTR>(&SbcWndProc)) return FALSE;
     SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(state->original));
     RemovePropA(window, kStateProp);
-    HMODULE pin = state->pin;
     HeapFree(GetProcessHeap(), 0, state);
-    // Safe here: the window hook that brought us in holds its own reference
-    // to the DLL until Prismo unhooks, after this request has returned.
-    if (pin) FreeLibrary(pin);
+    // The pin stays: this request runs in a frame of ours. The window hook
+    // lets the DLL go once Prismo holds nothing here (LeaveProcess).
+    --g_windows;
     return TRUE;
+}
+
+// Wine's window hook loads the DLL into a process and never gives that
+// reference back (Windows gives it back when the hook goes).
+BOOL UnderWine()
+{
+    HMODULE ntdll = GetModuleHandleA("ntdll.dll");
+    return ntdll && GetProcAddress(ntdll, "wine_get_version") != nullptr;
+}
+
+// Lets the DLL go out of AOL's process once nothing of ours is in use: no
+// window subclassed and no frame of our window procedure on the stack. Runs
+// only inside the window hook, whose caller holds the DLL until the hook
+// procedure has returned, so the last reference goes after our code has run.
+// Not in the hook call that loaded the DLL: that call holds no reference of
+// its own.
+void LeaveProcess(BOOL loadedForThisCall)
+{
+    if (g_windows > 0 || g_frames > 0) return;
+    if (HMODULE pin = g_pin) {
+        g_pin = nullptr;
+        FreeLibrary(pin);
+    }
+    if (!loadedForThisCall && !g_loaderReferenceGone && UnderWine()) {
+        g_loaderReferenceGone = TRUE;
+        FreeLibrary(g_module);
+    }
 }
 
 // Prismo did not answer in time: every window of this thread that waits for
@@ -195,6 +237,7 @@ bool AskProgram(HWND window, HookedWindow* state, UINT message, WPARAM wParam, L
 
 LRESULT CALLBACK SbcWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const Frame frame;
     HookedWindow* state = StateOf(window);
     if (!state) return DefWindowProcA(window, message, wParam, lParam);
     const WNDPROC original = state->original;
@@ -209,6 +252,7 @@ LRESULT CALLBACK SbcWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
         SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
         RemovePropA(window, kStateProp);
         HeapFree(GetProcessHeap(), 0, state);
+        --g_windows;
         return CallWindowProcA(original, window, message, wParam, lParam);
     }
     if (state->passThrough || !Watches(state, message))
@@ -364,6 +408,14 @@ void HandleRequest(HWND window, HWND host, const COPYDATASTRUCT* data)
     case sbc::OpDetach:
         SendReply(host, window, Detach(window), "", 0);
         break;
+    case sbc::OpQuery: {
+        // Live: attached, its program still there, and not passing everything on.
+        const HookedWindow* state = StateOf(window);
+        SendReply(host, window, state && state->attached && !state->passThrough && IsWindow(state->host),
+                  "", 0);
+        LeaveIfUnused(window);
+        break;
+    }
     case sbc::OpResult:
         if (HookedWindow* state = StateOf(window)) {
             if (data->cbData >= sizeof(std::int64_t)) {
@@ -404,11 +456,16 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK SbcCallWndProc(int code, WPARA
 {
     // Only the subclassed window procedure sees WM_COPYDATA's data intact
     // (Wine hands hooks the packed form), so the hook only subclasses.
+    const BOOL loadedForThisCall = g_justLoaded;
+    g_justLoaded = FALSE;
     if (code == HC_ACTION) {
         const CWPSTRUCT* call = reinterpret_cast<const CWPSTRUCT*>(lParam);
         if (call->message >= 0xC000 &&
             call->message == RegisterWindowMessageA(sbc::kPrepareMessageName))
             Subclass(call->hwnd, reinterpret_cast<HWND>(call->wParam));
+        else if (call->message >= 0xC000 &&
+                 call->message == RegisterWindowMessageA(sbc::kUnloadMessageName))
+            LeaveProcess(loadedForThisCall);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -417,6 +474,7 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
 {
     if (reason == DLL_PROCESS_ATTACH) {
         g_module = instance;
+        g_justLoaded = TRUE;
         DisableThreadLibraryCalls(instance);
     }
     return TRUE;

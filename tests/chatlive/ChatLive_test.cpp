@@ -3,95 +3,12 @@
 // prismo-fade's output for the same scheme.
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "AdvertText.h"
-#include "ChatLive.h"
-#include "resource.h"
+#include "ChatLiveFixture.h"
 
 using namespace ChatLive;
 
 namespace {
-
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    size_t start = 0;
-    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-        lines.push_back(text.substr(start, end - start));
-    return lines;
-}
-
-class ChatLiveTest : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        EndEveryAOL();
-        FreshSettings(SimFolder() + "aol40");
-    }
-    void TearDown() override
-    {
-        prismo_.Kill();
-        sim_.Stop();
-        EndEveryAOL();
-    }
-
-    // AOL signed on in a room, then Prismo, until its watcher has hooked the room.
-    void Start(const std::string& simOptions = "--room \"Town Square\"")
-    {
-        ASSERT_TRUE(sim_.Start("40", "--signed-on \"Zun Tester\" " + simOptions));
-        ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
-        PumpUntil([&] { return (panel_ = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW, false)) != nullptr; },
-                  60000);
-        ASSERT_TRUE(panel_) << "the control panel never came";
-        const bool room = simOptions.find("--room") != std::string::npos;
-        ASSERT_TRUE(Hooked(room)) << sim_.Ctl("subclassed");
-    }
-
-    // True once the program's hooks sit on AOL's main window and, with
-    // `room`, on the room's chat input and send icon.
-    bool Hooked(bool room = true)
-    {
-        return PumpUntil(
-            [&] {
-                const std::string hooks = sim_.Ctl("subclassed");
-                return hooks.find("frame\tsubclassed\n") != std::string::npos &&
-                       (!room || (hooks.find("input\tsubclassed\n") != std::string::npos &&
-                                  hooks.find("send\tsubclassed\n") != std::string::npos));
-            },
-            20000);
-    }
-
-    // Types `text` and sends it with Enter (or the icon); returns what the
-    // room received. The hooks decide while AOL waits, so whatever the send
-    // puts into the room is there once aolsimctl has had AOL handle it.
-    std::string Send(const std::string& text, bool byIcon = false)
-    {
-        const size_t before = Lines(sim_.Ctl("transcript")).size();
-        if (!text.empty()) sim_.Ctl("type \"" + text + "\"");
-        sim_.Ctl(byIcon ? "click-send" : "key enter");
-        const std::vector<std::string> after = Lines(sim_.Ctl("transcript"));
-        std::string got;
-        for (size_t i = before; i < after.size(); ++i) got += after[i] + "\n";
-        return got;
-    }
-
-    std::string Input() { return sim_.Ctl("input"); }
-    // A command runs right after the send that asked for it: wait for what it stores.
-    bool Stored(const std::string& name, const std::string& value)
-    {
-        return PumpUntil([&] { return Option("", name) == value; }, 5000);
-    }
-    bool PanelVisible() { return IsWindowVisible(panel_) != 0; }
-    bool KeywordSeen(const std::string& keyword)
-    {
-        return PumpUntil([&] { return sim_.Ctl("keywords").find(keyword + "\n") != std::string::npos; }, 5000);
-    }
-
-    SimAOL sim_;
-    TestProcess prismo_;
-    HWND panel_ = nullptr;
-};
 
 TEST_F(ChatLiveTest, LinesGoOutFadedAndCommandsDriveTheProgram)
 {

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "ErrorTrap.h"
+#include "HookModules.h"
 #include "SubClass.h"
 #include "TestProcess.h"
 
@@ -166,6 +167,73 @@ TEST_F(HookTarget, DetachingPutsTheWindowsOwnProcedureBack)
     Type('b');
     ASSERT_TRUE(WaitForText("ab"));
     EXPECT_EQ(calls, 1);
+}
+
+// The DLL leaves the other process once the program holds nothing there, and
+// not while a frame of its window procedure is still on that process's stack.
+TEST_F(HookTarget, TheDllLeavesTheProcessOnlyWhenNothingOfItIsInUse)
+{
+    const auto holdsDll = [&] { return ProcessHoldsModule(process_.Id(), "prismosbc.dll"); };
+    {
+        SubClass edit, main;
+        ASSERT_TRUE(edit.Attach(edit_, {WM_CHAR}));
+        ASSERT_TRUE(main.Attach(main_, {WM_CLOSE}));
+        EXPECT_TRUE(holdsDll());
+        ASSERT_TRUE(edit.Attach(nullptr, {}));
+        EXPECT_TRUE(holdsDll()) << "the main window is still hooked";
+    }
+    EXPECT_TRUE(PumpUntil([&] { return !holdsDll(); }, 5000));
+    Type('a');
+    ASSERT_TRUE(WaitForText("a")) << "the window works on without us";
+
+    // A handler that lets go of the hook while the keystroke waits for it:
+    // the keystroke's frame returns into code that is still there.
+    {
+        SubClass edit;
+        edit.WndMessageX = [&](HWND, UINT, WPARAM, LPARAM, LRESULT&, bool&) { edit.Attach(nullptr, {}); };
+        ASSERT_TRUE(edit.Attach(edit_, {WM_CHAR}));
+        Type('b');
+        ASSERT_TRUE(WaitForText("ab"));
+        EXPECT_EQ(edit.Window(), nullptr);
+    }
+    Type('c');
+    EXPECT_TRUE(WaitForText("abc"));
+    EXPECT_EQ(process_.Wait(0), -1) << "the other process is still running";
+    // Hooked and let go once more: the DLL comes back and leaves again.
+    {
+        SubClass edit;
+        ASSERT_TRUE(edit.Attach(edit_, {WM_CHAR}));
+        EXPECT_TRUE(edit.Live());
+    }
+    EXPECT_TRUE(PumpUntil([&] { return !holdsDll(); }, 5000));
+}
+
+// After the program failed to answer in time the hook passes everything on;
+// the DLL says so, and attaching again makes it live.
+TEST_F(HookTarget, AHookThatTimedOutSaysSoAndAttachingAgainRevivesIt)
+{
+    SubClass hook;
+    int calls = 0;
+    bool stall = true;
+    hook.WndMessageX = [&](HWND, UINT, WPARAM, LPARAM, LRESULT&, bool&) {
+        ++calls;
+        if (stall) Sleep(2500);  // longer than the hook waits
+        stall = false;
+    };
+    ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+    EXPECT_TRUE(hook.Live());
+    Type('a');
+    ASSERT_TRUE(WaitForText("a"));
+    ASSERT_TRUE(PumpUntil([&] { return calls == 1; }, 5000));
+    EXPECT_FALSE(hook.Live());
+    Type('b');
+    ASSERT_TRUE(WaitForText("ab"));
+    EXPECT_EQ(calls, 1) << "a hook that gave up passes keys on without asking";
+    ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
+    EXPECT_TRUE(hook.Live());
+    Type('c');
+    ASSERT_TRUE(WaitForText("abc"));
+    EXPECT_EQ(calls, 2);
 }
 
 TEST_F(HookTarget, AttachingToAWindowThatIsGoneFails)

@@ -1,0 +1,153 @@
+// The hooks recover from what a real session brings: a program that answers
+// AOL late once, an attach that fails. And every end takes prismosbc.dll out
+// of AOL's process: menu Exit, Abort in the error report, AOL's close box.
+#include <cstdio>
+
+#include "ChatLiveFixture.h"
+#include "HookModules.h"
+
+using namespace ChatLive;
+
+namespace {
+
+class HooksRecover : public ChatLiveTest {
+protected:
+    HWND Session()
+    {
+        HWND session = nullptr;
+        while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+            DWORD owner = 0;
+            GetWindowThreadProcessId(session, &owner);
+            if (owner == prismo_.Id()) return session;
+        }
+        return nullptr;
+    }
+    // Sent, so it returns only once the program answers its messages again.
+    LRESULT Ask(const char* message, WPARAM wParam = 0)
+    {
+        return SendMessageA(Session(), RegisterWindowMessageA(message), wParam, 0);
+    }
+    long Ticks() { return static_cast<long>(Ask(kWatcherTicksMessage)); }
+    // The three hooks, as the DLL inside AOL tells the program: each still
+    // hands its messages on.
+    bool AllLive() { return Ask(kTestHooksLiveMessage) == 7; }
+    bool DllInAOL() { return ProcessHoldsModule(sim_.Id(), "prismosbc.dll"); }
+    bool ProgramMenuShown() { return sim_.Ctl("menu").find("Prism&o") != std::string::npos; }
+
+    // After a recovery: a line goes out faded, "/fadeoff" works, and AOL's
+    // menu Exit ends the program, its menu and its DLL gone from AOL.
+    void WorksAndExitsCleanly()
+    {
+        EXPECT_EQ(Send("after it"), FadedByCli("Cool Fade", "after it") + "\n");
+        EXPECT_EQ(Send("/fadeoff"), "");
+        EXPECT_TRUE(Stored("Fader On", "False"));
+        EXPECT_EQ(Send("plain"), "plain\n");
+        PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
+        EXPECT_EQ(prismo_.Wait(10000), 0);
+        EXPECT_FALSE(ProgramMenuShown());
+        EXPECT_TRUE(PumpUntil([&] { return !DllInAOL(); }, 5000)) << "prismosbc.dll stays in AOL";
+        EXPECT_EQ(Send("unhooked"), "unhooked\n");
+    }
+};
+
+TEST_F(HooksRecover, AfterOneLateAnswerTheHooksListenAgainWithinTwoTicks)
+{
+    Start();
+    ASSERT_TRUE(AllLive());
+    Ask(kTestHoldMessage, 3000);
+    sim_.Ctl("type x");  // AOL waits for us, gives up, and types the x itself
+    const long answeredAt = Ticks();
+    const DWORD answered = GetTickCount();
+    EXPECT_EQ(Input(), "x\nvisible\n");
+    ASSERT_TRUE(PumpUntil([&] { return AllLive(); }, 5000)) << Ask(kTestHooksLiveMessage);
+    const DWORD recovered = GetTickCount() - answered;
+    EXPECT_LE(Ticks() - answeredAt, 2);
+    std::printf("recovered %lu ms after the program answered again\n", static_cast<unsigned long>(recovered));
+    sim_.Ctl("key backspace");
+    WorksAndExitsCleanly();
+}
+
+TEST_F(HooksRecover, AnAttachThatFailedIsTriedAgainOnTheNextTick)
+{
+    Start();
+    sim_.Ctl("close-room");
+    ASSERT_TRUE(PumpUntil([&] { return sim_.Ctl("subclassed").find("input") == std::string::npos; }, 5000));
+    Ask(kTestFailAttachMessage, 2);  // both send hooks of the next room fail once
+    sim_.Ctl("open-room \"Lobby\"");
+    ASSERT_TRUE(Hooked()) << sim_.Ctl("subclassed");
+    ASSERT_TRUE(AllLive());
+    WorksAndExitsCleanly();
+}
+
+// A chat input hook let go of on purpose (as while several lines are sent)
+// stays off through the watcher's ticks, and comes back when resumed.
+TEST_F(HooksRecover, AChatInputHookHeldOffStaysOffUntilResumed)
+{
+    Start();
+    Ask(kTestHoldOffChatInputMessage, 1);
+    const long heldAt = Ticks();
+    ASSERT_TRUE(PumpUntil([&] { return Ticks() >= heldAt + 3; }, 10000));
+    EXPECT_EQ(Ask(kTestHooksLiveMessage), 6) << "only the send icon and the menu are hooked";
+    EXPECT_EQ(sim_.Ctl("subclassed").find("input\tsubclassed\n"), std::string::npos);
+    EXPECT_EQ(Send("held"), "held\n");
+    Ask(kTestHoldOffChatInputMessage, 0);
+    EXPECT_TRUE(AllLive());
+    EXPECT_EQ(Send("resumed"), FadedByCli("Cool Fade", "resumed") + "\n");
+}
+
+// Abort in the error report of a failing hook handler: the report comes once
+// AOL has gone on with the message, and the program leaves AOL as menu Exit does.
+TEST_F(HooksRecover, AbortInTheErrorReportTakesTheProgramOutOfAOL)
+{
+    Start();
+    Ask(kTestFailMenuHookMessage);
+    PostMessageA(sim_.Frame(), WM_COMMAND, 61000, 0);  // a command nobody carries out
+    HWND report = nullptr;
+    ASSERT_TRUE(PumpUntil([&] { return (report = WindowWithChild(prismo_.Id(), IDC_ERR_ABORT)) != nullptr; }, 10000));
+    const std::string details = WindowText(GetDlgItem(report, IDC_ERR_DETAILS));
+    EXPECT_NE(details.find("Procedure: sbcMenu_WndMessageX"), std::string::npos) << details;
+    EXPECT_NE(details.find("Module: frmChatTools"), std::string::npos) << details;
+    EXPECT_TRUE(ProgramMenuShown()) << "AOL answers while the report is up";
+    PostMessageA(report, WM_COMMAND, MAKEWPARAM(IDC_ERR_ABORT, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(report, IDC_ERR_ABORT)));
+    EXPECT_EQ(prismo_.Wait(10000), 0);
+    EXPECT_FALSE(ProgramMenuShown());
+    EXPECT_TRUE(PumpUntil([&] { return !DllInAOL(); }, 5000)) << "prismosbc.dll stays in AOL";
+    EXPECT_EQ(Send("unhooked"), "unhooked\n");
+}
+
+// AOL's close box: the program lets go and AOL ends on its own, cleanly.
+TEST_F(HooksRecover, AOLsCloseBoxEndsAOLCleanly)
+{
+    char temp[MAX_PATH];
+    GetTempPathA(sizeof temp, temp);
+    const std::string log = std::string(temp) + "prismo-close.log";
+    DeleteFileA(log.c_str());
+    Start("--room \"Town Square\" --log \"" + log + "\"");
+    HANDLE aol = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, sim_.Id());
+    ASSERT_NE(aol, nullptr);
+    const DWORD asked = GetTickCount();
+    sim_.Ctl("quit");
+    EXPECT_TRUE(PumpUntil([&] { return WaitForSingleObject(aol, 0) == WAIT_OBJECT_0; }, 5000))
+        << "AOL still runs " << GetTickCount() - asked << " ms after its close box";
+    DWORD code = 1;
+    GetExitCodeProcess(aol, &code);
+    CloseHandle(aol);
+    EXPECT_EQ(code, 0u) << "AOL ended by a fault";
+    EXPECT_EQ(prismo_.Wait(5000), 0);
+    std::string text;
+    if (FILE* f = std::fopen(log.c_str(), "rb")) {
+        char buffer[4096];
+        for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, f)) > 0;) text.append(buffer, n);
+        std::fclose(f);
+    }
+    // AOL went through its own close: the main window's end is logged, and
+    // after it only its windows closing.
+    const std::vector<std::string> lines = Lines(text);
+    size_t quit = 0;
+    while (quit < lines.size() && lines[quit] != "quit") ++quit;
+    ASSERT_LT(quit, lines.size()) << text;
+    for (size_t i = quit + 1; i < lines.size(); ++i) EXPECT_EQ(lines[i].rfind("close\t", 0), 0u) << text;
+}
+
+}  // namespace
