@@ -19,6 +19,7 @@ enum Op : std::uint32_t {
     OpMenuDump = 4,    // reply: one line per menu item, see below
     OpMenuInsert = 5,  // "position\n" + menu description lines
     OpMenuDelete = 6,  // std::uint32_t position in the menu bar
+    OpMenuState = 8,   // std::uint32_t command id; reply: its state flags as decimal text
     // DLL -> program's host window
     OpReply = 16,      // Reply header + text
     OpMessage = 17,    // HookedMessage; the answer carries the Answer bits
