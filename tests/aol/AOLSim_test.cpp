@@ -336,6 +336,21 @@ TEST_F(AOLSim, ASixteenBitAOLIsRefused)
     EXPECT_NE(messages_.find("A 16 bit version of AOL is currently running!"), std::string::npos);
 }
 
+// AOL's program need not be the first module of the process that owns its
+// window: it is looked for among them all, and a process without it has none.
+TEST_F(AOLSim, AOLsProgramIsLookedForAmongAllModulesOfTheProcess)
+{
+    HWND mine = CreateWindowA("STATIC", "", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(mine, nullptr);
+    EXPECT_EQ(WindowProgramPath(mine), "");
+    const std::string waol = SimFolder() + "aol40\\waol.exe";
+    HMODULE module = LoadLibraryExA(waol.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(FullPath(WindowProgramPath(mine)), FullPath(waol));
+    FreeLibrary(module);
+    DestroyWindow(mine);
+}
+
 TEST_F(AOLSim, ProgramMenuTakesItsPlaceAndRunsItsCommands)
 {
     char folder[MAX_PATH];
