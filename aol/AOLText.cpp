@@ -146,6 +146,27 @@ std::vector<std::string> SignOnSlots(const std::vector<std::string>& names, int 
     return slots;
 }
 
+std::string QuotedProgram(const std::string& path)
+{
+    return "\"" + path + "\"";
+}
+
+std::string KeywordCommandLine(const std::string& folder, const std::string& keyword)
+{
+    return QuotedProgram(folder + "\\waol.exe") + " -s" + keyword;
+}
+
+std::vector<std::string> AccountSlots(const std::vector<std::string>& listNames, const std::string& currentName)
+{
+    std::vector<std::string> slots(6);
+    if (listNames.empty()) {
+        slots[0] = currentName;
+        return slots;
+    }
+    for (size_t i = 0; i < 6 && i < listNames.size(); ++i) slots[i] = listNames[i];
+    return slots;
+}
+
 std::string ProgramMenuDescription()
 {
     return std::string("P\t") + kProgramMenuCaption + "\n"
@@ -224,6 +245,20 @@ const MenuEntry* FindMenuCaption(const std::vector<MenuEntry>& entries, const st
         // A bar entry that opens a menu has no command of its own to match.
         if (e.level == 0 && e.id == -1) continue;
         if (LowerAOLText(e.caption) == wanted) return &e;
+    }
+    return nullptr;
+}
+
+const MenuEntry* FindMenuItem(const std::vector<MenuEntry>& entries, const std::string& menu,
+                              const std::string& item)
+{
+    const std::string wantedMenu = LowerAOLText(menu), wantedItem = LowerAOLText(item);
+    bool inMenu = false;
+    for (const MenuEntry& e : entries) {
+        if (e.level == 0)
+            inMenu = LowerAOLText(e.caption) == wantedMenu;
+        else if (inMenu && LowerAOLText(e.caption) == wantedItem)
+            return &e;
     }
     return nullptr;
 }

@@ -32,12 +32,24 @@ bool IsWAOLPath(const std::string& exePath);
 // AOL's folder: the path up to the backslash before "WAOL.EXE".
 std::string AOLFolderOf(const std::string& exePath);
 
+// A program path as the first word of a command line: quoted, since AOL's
+// usual folder ("America Online 4.0") has blanks in it.
+std::string QuotedProgram(const std::string& path);
+// The command that has a running AOL in `folder` perform `keyword`: AOL's
+// program, then "-s" followed by the keyword as it stands (AOL takes the
+// rest of its command line as the keyword).
+std::string KeywordCommandLine(const std::string& folder, const std::string& keyword);
+
 // One name read from the sign-on list's memory: the bytes up to the first
 // NUL, trimmed.
 std::string SignOnNameFromBytes(const char* bytes, int count);
 // Fills the six slots from the names read in list order (the reading stops
 // before "Guest"); slot 6 is the name at the list's current selection.
 std::vector<std::string> SignOnSlots(const std::vector<std::string>& names, int selection);
+// The account's six slots while signed on: the names last read from the
+// sign-on list, master first; with none ever read, only the name now signed
+// on, in slot 1.
+std::vector<std::string> AccountSlots(const std::vector<std::string>& listNames, const std::string& currentName);
 
 // The menu "Prism&o" as the DLL builds it: "P\tcaption", "I\tid\tcaption",
 // "S", "E" lines.
@@ -63,3 +75,7 @@ int ProgramMenuIndex(const std::vector<MenuEntry>& entries);
 // The first entry (bar entries and their items, in order) whose caption
 // equals `caption` ignoring case; nullptr when none does.
 const MenuEntry* FindMenuCaption(const std::vector<MenuEntry>& entries, const std::string& caption);
+// The item captioned `item` (ignoring case) in the bar's menu captioned
+// `menu`; nullptr when there is none.
+const MenuEntry* FindMenuItem(const std::vector<MenuEntry>& entries, const std::string& menu,
+                              const std::string& item);

@@ -8,6 +8,7 @@
 #include "AOLState.h"
 #include "AOLText.h"
 #include "SubClass.h"
+#include "ErrorTrap.h"
 #include "modAOLMenu.h"
 #include "modFindChild.h"
 #include "modLaunch32.h"
@@ -72,28 +73,36 @@ const char* GoodbyeCaption()
     return "Goodbye From America Online!";
 }
 
-// The sign-on screen's list of names, waiting up to three times ten seconds.
+// The sign-on screen's list of names, or 0. AOL shows it on its Sign On
+// screen (or the goodbye screen after a sign-off) with the list visible.
+HWND SignOnList()
+{
+    HWND screen = FindMDIChild(SignOnCaption());
+    if (!screen) screen = FindMDIChild(GoodbyeCaption());
+    HWND combo = screen ? FindWindowExA(screen, nullptr, "_AOL_COMBOBOX", nullptr) : nullptr;
+    return combo && IsWindowVisible(combo) ? combo : nullptr;
+}
+
+// Waits for the sign-on list up to three rounds of ten seconds each. A slow
+// AOL shows its main window well before its Sign On screen, so each round
+// waits its whole ten seconds whether or not a screen is there yet.
 HWND FindSignOnList()
 {
-    for (int round = 0; round < 3; ++round) {
-        HWND screen = FindMDIChild(SignOnCaption());
-        if (!screen) screen = FindMDIChild(GoodbyeCaption());
-        HWND combo = screen ? WaitForChildByClass(screen, "_AOL_COMBOBOX") : nullptr;
-        if (combo) return combo;
-        if (!screen) Pause(1000);
-    }
+    for (int round = 0; round < 3; ++round)
+        if (HWND combo = WaitFor(SignOnList)) return combo;
     return nullptr;
 }
 
 // The names in the list, read from AOL's memory: each item's data + 24 holds
 // a 32-bit pointer, the name starts 6 bytes after it. Reading stops at "Guest".
-std::vector<std::string> ReadSignOnNames(HWND combo)
+// False when AOL's process cannot be opened for reading.
+bool ReadSignOnNames(HWND combo, std::vector<std::string>& names)
 {
-    std::vector<std::string> names;
+    names.clear();
     DWORD pid = 0;
     GetWindowThreadProcessId(combo, &pid);
     KernelHandle process(OpenProcess(STANDARD_RIGHTS_REQUIRED | PROCESS_VM_READ, FALSE, pid));
-    if (!process.Valid()) return names;
+    if (!process.Valid()) return false;
     const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
         const ULONG_PTR item =
@@ -112,7 +121,7 @@ std::vector<std::string> ReadSignOnNames(HWND combo)
         if (name == "Guest") break;
         names.push_back(name);
     }
-    return names;
+    return true;
 }
 }  // namespace
 
@@ -131,12 +140,16 @@ void AOLMessage(const std::string& message, long style)
 
 HWND FindChatRoom(HWND parent, const std::string& className)
 {
-    const std::string wanted = LowerAOLText(className);
-    for (HWND current = GetWindow(parent, GW_CHILD); current;
-         current = GetWindow(current, GW_HWNDNEXT)) {
-        if (LowerAOLText(GetClass(current)) == wanted && IsChatRoom(current)) return current;
-    }
-    return nullptr;
+    ErrorTrap trap("modAOLFunctions", "FindChatRoom");
+    HWND room = nullptr;
+    trap.Run([&] {
+        const std::string wanted = LowerAOLText(className);
+        for (HWND current = GetWindow(parent, GW_CHILD); current && !room;
+             current = GetWindow(current, GW_HWNDNEXT)) {
+            if (LowerAOLText(GetClass(current)) == wanted && IsChatRoom(current)) room = current;
+        }
+    });
+    return room;
 }
 
 void TextToChat(const std::string& text, short mode)
@@ -172,35 +185,46 @@ void TextToChat(const std::string& text, short mode)
 
 HWND IsEMail(HWND window)
 {
-    const bool mail = FindWindowExA(window, nullptr, "_AOL_Checkbox", nullptr) &&
-                      FindWindowExA(window, nullptr, "_AOL_FontCombo", nullptr) &&
-                      FindChildByTitle(window, "Send Later");
+    ErrorTrap trap("modAOLFunctions", "IsEMail");
+    bool mail = false;
+    trap.Run([&] {
+        mail = FindWindowExA(window, nullptr, "_AOL_Checkbox", nullptr) &&
+               FindWindowExA(window, nullptr, "_AOL_FontCombo", nullptr) &&
+               FindChildByTitle(window, "Send Later");
+    });
     return mail ? window : nullptr;
 }
 
 bool IsAOLAU()
 {
-    HWND outer = FindWindowExA(AOLWindow, nullptr, "AOL Toolbar", nullptr);
-    HWND inner = outer ? FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr) : nullptr;
-    HWND second = inner ? FindChildByClass(inner, "_AOL_ICON", 2) : nullptr;
-    return second && LowerAOLText(GetAPIText(second, false)) == "e-mail centre";
+    ErrorTrap trap("modAOLFunctions", "IsAOLAU");
+    bool australia = false;
+    trap.Run([&] {
+        HWND outer = FindWindowExA(AOLWindow, nullptr, "AOL Toolbar", nullptr);
+        HWND inner = outer ? FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr) : nullptr;
+        HWND second = inner ? FindChildByClass(inner, "_AOL_ICON", 2) : nullptr;
+        australia = second && LowerAOLText(GetAPIText(second, false)) == "e-mail centre";
+    });
+    return australia;
 }
 
 void DetectAOLEdition()
 {
-    AOLEdition.UK = RunMenuByString(AOLWindow, "&About AOL", false);
-    AOLEdition.Canada = RunMenuByString(AOLWindow, "&About AOL Canada", false);
-    AOLEdition.Australia = IsAOLAU();
+    ErrorTrap trap("modAOLFunctions", "DetectAOLEdition");
+    trap.Run([] { AOLEdition.UK = RunMenuByString(AOLWindow, "&About AOL", false); });
+    trap.Run([] { AOLEdition.Canada = RunMenuByString(AOLWindow, "&About AOL Canada", false); });
+    trap.Run([] { AOLEdition.Australia = IsAOLAU(); });
     if (AOLEdition.Australia) AOLEdition.UK = AOLEdition.Canada = false;
 }
 
 bool IsAOLOnline(bool showMessage)
 {
+    ErrorTrap trap("modAOLFunctions", "IsAOLOnline");
     bool online = false;
     if (AOLVersion == "5")
-        online = RunMenuByString(AOLWindow, "Switch Scree&n Name", false);
+        trap.Run([&] { online = RunMenuByString(AOLWindow, "Switch Scree&n Name", false); });
     else if (AOLVersion == "3" || AOLVersion == "4")
-        online = AOLIsOnline() != 1;
+        trap.Run([&] { online = AOLIsOnline() != 1; });
     else
         return false;
     if (!online && showMessage)
@@ -210,24 +234,37 @@ bool IsAOLOnline(bool showMessage)
     return online;
 }
 
-void GetScreenNames()
+bool GetScreenNames()
 {
+    ErrorTrap trap("modAOLFunctions", "GetScreenNames");
+    bool master = false;
     std::string names[6];
-    AOLGetScreenName(AOLPath + "\\", names);
+    trap.Run([&] { master = AOLGetScreenName(AOLPath + "\\", names); });
     for (size_t i = 0; i < 6; ++i) ScreenNames[i] = TrimAOLText(names[i]);
+    return master;
 }
 
 bool GetSignOnScreenNames()
 {
-    HWND combo = FindSignOnList();
+    ErrorTrap trap("modAOLFunctions", "GetSignOnScreenNames");
+    HWND combo = nullptr;
+    if (!trap.Run([&] { combo = FindSignOnList(); })) return false;
     if (!combo) {
         AOLMessage("Prismo timed out waiting for America Online to load.~N ~NPlease start America "
                    "Online first and then start Prismo",
                    16);
+        // The program's end, as the error report's Abort carries it out.
+        AbortProgram();
         return false;
     }
-    const std::vector<std::string> names = ReadSignOnNames(combo);
-    const int selection = static_cast<int>(SendMessageA(combo, CB_GETCURSEL, 0, 0));
+    std::vector<std::string> names;
+    bool opened = false;
+    trap.Run([&] { opened = ReadSignOnNames(combo, names); });
+    // AOL's memory out of reach: the names stay as they were.
+    if (!opened) return true;
+    RememberSignOnNames(names);
+    int selection = -1;
+    trap.Run([&] { selection = static_cast<int>(SendMessageA(combo, CB_GETCURSEL, 0, 0)); });
     const std::vector<std::string> slots = SignOnSlots(names, selection);
     for (size_t i = 0; i < 6; ++i) ScreenNames[i] = slots[i];
     return true;
@@ -235,34 +272,45 @@ bool GetSignOnScreenNames()
 
 std::string GetCurrentScreenName()
 {
+    ErrorTrap trap("modAOLFunctions", "GetCurrentScreenName");
+    std::string name;
     if (!IsAOLOnline(false)) {
         GetSignOnScreenNames();
         return ScreenNames[5];
     }
-    HWND welcome = FindChildByTitle(AOLMDIClient, "Welcome,");
+    HWND welcome = nullptr;
+    trap.Run([&] { welcome = FindChildByTitle(AOLMDIClient, "Welcome,"); });
     if (!welcome && AOLVersion == "5") {
         RunAOLKeyword("welcome");
-        welcome = WaitForChildByTitle(AOLMDIClient, "Welcome, ");
+        trap.Run([&] { welcome = WaitForChildByTitle(AOLMDIClient, "Welcome, "); });
     }
     if (!welcome) return "";
-    char caption[256] = "";
-    SendMessageA(welcome, WM_GETTEXT, 255, reinterpret_cast<LPARAM>(caption));
-    return ScreenNameFromWelcome(caption);
+    trap.Run([&] {
+        char caption[256] = "";
+        SendMessageA(welcome, WM_GETTEXT, 255, reinterpret_cast<LPARAM>(caption));
+        name = ScreenNameFromWelcome(caption);
+    });
+    return name;
 }
 
 HWND OpenEMail()
 {
-    HWND outer = FindWindowExA(AOLWindow, nullptr, "AOL Toolbar", nullptr);
-    HWND inner = outer ? FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr) : nullptr;
-    HWND write = inner ? FindWindowExA(inner, nullptr, "_AOL_ICON", nullptr) : nullptr;
-    if (write) {
-        SendMessageA(write, WM_LBUTTONDOWN, 0, 0);
-        SendMessageA(write, WM_LBUTTONUP, 0, 0);
-    }
+    ErrorTrap trap("modAOLFunctions", "OpenEMail");
+    trap.Run([] {
+        HWND outer = FindWindowExA(AOLWindow, nullptr, "AOL Toolbar", nullptr);
+        HWND inner = outer ? FindWindowExA(outer, nullptr, "_AOL_Toolbar", nullptr) : nullptr;
+        HWND write = inner ? FindWindowExA(inner, nullptr, "_AOL_ICON", nullptr) : nullptr;
+        if (write) {
+            SendMessageA(write, WM_LBUTTONDOWN, 0, 0);
+            SendMessageA(write, WM_LBUTTONUP, 0, 0);
+        }
+    });
     const char* caption = AOLEdition.Australia ? "Write e-mail" : "Write Mail";
     const double start = SecondsSinceMidnight();
     for (;;) {
-        if (HWND mail = FindMDIChild(caption)) return mail;
+        HWND mail = nullptr;
+        if (!trap.Run([&] { mail = FindMDIChild(caption); })) return nullptr;
+        if (mail) return mail;
         double elapsed = SecondsSinceMidnight() - start;
         if (elapsed < 0) elapsed += 24 * 60 * 60;
         if (elapsed >= 10) return nullptr;
@@ -272,6 +320,6 @@ HWND OpenEMail()
 
 void RunAOLKeyword(const std::string& keyword)
 {
-    const std::string command = AOLPath + "\\waol.exe -s" + keyword;
-    WinExec(command.c_str(), SW_HIDE);
+    ErrorTrap trap("modAOLFunctions", "RunAOLKeyword");
+    trap.Run([&] { WinExec(KeywordCommandLine(AOLPath, keyword).c_str(), SW_HIDE); });
 }

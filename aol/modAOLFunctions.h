@@ -42,11 +42,13 @@ void DetectAOLEdition();
 
 // Signed on? With showMessage, tells the user when not.
 bool IsAOLOnline(bool showMessage);
-// The six screen names, from what AOL shows (modLaunch32).
-void GetScreenNames();
-// The six screen names from the sign-on screen's list in AOL's memory.
-// Returns false after three rounds without a sign-on screen (the user has
-// been told; the program ends).
+// The six screen names while signed on (modLaunch32). True when slot 1 is
+// the account's master name; false when only the name now signed on is known.
+bool GetScreenNames();
+// The six screen names from the sign-on screen's list in AOL's memory,
+// waiting up to three rounds of ten seconds for the list. After the third
+// round without it the user is told and the program ends (false where it
+// cannot end). When AOL's memory cannot be read the names stay as they were.
 bool GetSignOnScreenNames();
 std::string GetCurrentScreenName();
 

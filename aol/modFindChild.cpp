@@ -20,19 +20,6 @@ double SecondsSince(double start)
     return elapsed;
 }
 
-// Tries `find` until it gives a window or 10 seconds have passed, letting the
-// program's events run between tries.
-HWND WaitFor(const std::function<HWND()>& find)
-{
-    const double start = SecondsSinceMidnight();
-    for (;;) {
-        HWND found = find();
-        if (found) return found;
-        if (SecondsSince(start) >= kWaitSeconds) return nullptr;
-        Pause(10);
-    }
-}
-
 HWND FindChild(HWND parent, int index, const std::function<bool(HWND)>& matches)
 {
     if (index < 1) return nullptr;
@@ -45,6 +32,17 @@ HWND FindChild(HWND parent, int index, const std::function<bool(HWND)>& matches)
     return current;
 }
 }  // namespace
+
+HWND WaitFor(const std::function<HWND()>& find)
+{
+    const double start = SecondsSinceMidnight();
+    for (;;) {
+        HWND found = find();
+        if (found) return found;
+        if (SecondsSince(start) >= kWaitSeconds) return nullptr;
+        Pause(10);
+    }
+}
 
 std::string GetClass(HWND window)
 {

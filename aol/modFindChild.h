@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 
 extern HWND AOLWindow;     // AOL's main window, class "AOL FRAME25"
@@ -25,6 +26,9 @@ std::string GetAPIText(HWND window, bool wait);
 HWND FindChildByClass(HWND parent, const std::string& className, int index = 1);
 HWND FindChildByTitle(HWND parent, const std::string& title, int index = 1);
 
+// Tries `find` until it gives a window or 10 seconds have passed, letting the
+// program's events run between tries.
+HWND WaitFor(const std::function<HWND()>& find);
 // Each waits up to 10 seconds, servicing events, for a visible window:
 // FindWindowA(className, caption); the first child of `className`; the
 // first child whose caption begins with `title`. 0 when none came.

@@ -10,6 +10,8 @@
 #include "AOLHandles.h"
 #include "AOLState.h"
 #include "AOLText.h"
+#include "ErrorTrap.h"
+#include "SubClass.h"
 #include "modAOLFunctions.h"
 #include "modFindChild.h"
 #include "modRegKeys.h"
@@ -29,6 +31,25 @@ bool SignOnScreenShown()
     for (const char* caption : screens)
         if (FindMDIChild(caption)) return true;
     return false;
+}
+
+// The account's names as last read from the sign-on list, in its order.
+std::vector<std::string>& SignOnNamesRead()
+{
+    static std::vector<std::string> names;
+    return names;
+}
+
+// The name now signed on, from the Welcome window. A member may have closed
+// it; AOL opens it again on the keyword "welcome".
+std::string CurrentNameFromWelcome()
+{
+    HWND welcome = FindChildByTitle(AOLMDIClient, "Welcome, ");
+    if (!welcome) {
+        RunAOLKeyword("welcome");
+        welcome = WaitForChildByTitle(AOLMDIClient, "Welcome, ");
+    }
+    return welcome ? ScreenNameFromWelcome(GetAPIText(welcome, false)) : "";
 }
 
 void Step(const LoadingProgress& progress, const std::string& status, int percent, double pause)
@@ -55,27 +76,52 @@ std::string AOLGetVersion(const std::string& folder)
            std::to_string(LOWORD(info->dwFileVersionMS));
 }
 
+// AOL shows no window for the whole of a session that the member cannot
+// close: the "Welcome, NAME!" window, the Sign On screen and the goodbye
+// screen all have close boxes, and a member who closes the Welcome window is
+// still signed on. AOL's menus stay, and the "Sign Off" command of its "Sign
+// Off" menu can be chosen exactly while a session runs: AOL greys it until
+// the connection is made and again once it is dropped. So that command's
+// state is the session's. Only when AOL's menus cannot be read at all do the
+// windows decide: a Welcome window and no sign-on or goodbye screen.
 long AOLIsOnline()
 {
+    std::string dump;
+    if (SbcMenuDump(AOLWindow, dump)) {
+        const MenuEntry* item = FindMenuItem(ParseMenuDump(dump), "&Sign Off", "&Sign Off");
+        unsigned state = 0;
+        if (item && SbcMenuItemState(AOLWindow, static_cast<unsigned>(item->id), state))
+            return (state & (MF_GRAYED | MF_DISABLED)) ? 1 : 2;
+    }
     if (FindChildByTitle(AOLMDIClient, "Welcome, ") && !SignOnScreenShown()) return 2;
     return 1;
 }
 
-void AOLGetScreenName(const std::string&, std::string names[6])
+void RememberSignOnNames(const std::vector<std::string>& names)
 {
-    for (int i = 0; i < 6; ++i) names[i].clear();
-    if (SignOnScreenShown() && GetSignOnScreenNames()) {
-        for (int i = 0; i < 5; ++i) names[i] = ScreenNames[static_cast<size_t>(i)];
-        return;
-    }
-    if (HWND welcome = FindChildByTitle(AOLMDIClient, "Welcome, "))
-        names[0] = ScreenNameFromWelcome(GetAPIText(welcome, false));
+    SignOnNamesRead() = names;
+}
+
+bool AOLGetScreenName(const std::string&, std::string names[6])
+{
+    bool fromList = false;
+    ErrorTrap trap("modLaunch32", "AOLGetScreenName");
+    trap.Run([&] {
+        const std::vector<std::string>& read = SignOnNamesRead();
+        fromList = !read.empty();
+        const std::vector<std::string> slots = AccountSlots(read, fromList ? "" : CurrentNameFromWelcome());
+        for (size_t i = 0; i < 6; ++i) names[i] = slots[i];
+    });
+    return fromList;
 }
 
 void GetAOLVersion()
 {
-    const std::string version = MapAOLVersion(AOLGetVersion(AOLPath));
-    if (!version.empty()) AOLVersion = version;
+    ErrorTrap trap("modLaunch32", "GetAOLVersion");
+    trap.Run([] {
+        const std::string version = MapAOLVersion(AOLGetVersion(AOLPath));
+        if (!version.empty()) AOLVersion = version;
+    });
 }
 
 std::string WindowProgramPath(HWND window)
@@ -83,36 +129,47 @@ std::string WindowProgramPath(HWND window)
     DWORD pid = 0;
     GetWindowThreadProcessId(window, &pid);
     if (!pid) return "";
-    // The first module of a process is its program file, with its full path
-    // (the process list gives only the bare name on some systems).
+    // The program file is looked for among all the process's modules: the
+    // first one need not be it (a 16-bit AOL runs inside a host process of
+    // another name), and the process list gives only bare names on some
+    // systems.
     KernelHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, pid));
     if (!snapshot.Valid()) return "";
     MODULEENTRY32 module = {};
     module.dwSize = sizeof module;
-    if (!Module32First(snapshot.Get(), &module)) return "";
-    return module.szExePath;
+    for (BOOL more = Module32First(snapshot.Get(), &module); more;
+         more = Module32Next(snapshot.Get(), &module))
+        if (IsWAOLPath(module.szExePath)) return module.szExePath;
+    return "";
 }
 
 bool AOLIsRunning(const LoadingProgress& progress)
 {
-    AOLWindow = FindWindowA("AOL FRAME25", nullptr);
-    AOLMDIClient = FindWindowExA(AOLWindow, nullptr, "MDIClient", nullptr);
-    const std::string path = WindowProgramPath(AOLWindow);
+    ErrorTrap trap("modLaunch32", "AOLIsRunning");
+    std::string path;
+    if (!trap.Run([&] {
+            AOLWindow = FindWindowA("AOL FRAME25", nullptr);
+            AOLMDIClient = FindWindowExA(AOLWindow, nullptr, "MDIClient", nullptr);
+            path = WindowProgramPath(AOLWindow);
+        }))
+        return false;
     if (!IsWAOLPath(path)) {
         AOLMessage("~CRA 16 bit version of AOL is currently running!~CN~N ~NThis version of Prismo "
                    "does not work with the 16 bit version of AOL.",
                    64);
         return false;
     }
-    AOLPath = AOLFolderOf(path);
-    WriteSetting(Setting::AOLPath, AOLPath);
+    trap.Run([&] {
+        AOLPath = AOLFolderOf(path);
+        WriteSetting(Setting::AOLPath, AOLPath);
+    });
     Pause(1000);
     Step(progress, "", 5, 100);
     Step(progress, "", 10, 100);
     Step(progress, "", 15, 100);
     Step(progress, "Starting America Online", 20, 100);
     Step(progress, "America Online Loaded", 25, 100);
-    ShowWindow(AOLWindow, SW_SHOWMAXIMIZED);
+    trap.Run([] { ShowWindow(AOLWindow, SW_SHOWMAXIMIZED); });
     return true;
 }
 
@@ -125,21 +182,31 @@ bool FileThere(const std::string& path)
 
 bool StartAOL(const LoadingProgress& progress, const AOLFolderChooser& chooseFolder)
 {
+    ErrorTrap trap("modLaunch32", "StartAOL");
     Pause(100);
     Step(progress, "", 5, 100);
     Step(progress, "", 10, 100);
     Step(progress, "", 15, 100);
     Step(progress, "Starting America Online", 20, 100);
-    if (ReadSetting(Setting::AOLPath).empty() && chooseFolder) chooseFolder(1);
-    AOLPath = TrimAOLText(ReadSetting(Setting::AOLPath));
-    if (!FileThere(AOLPath + "\\aol.exe") && chooseFolder) {
-        chooseFolder(1);
-        AOLPath = TrimAOLText(ReadSetting(Setting::AOLPath));
-    }
+    trap.Run([&] {
+        if (ReadSetting(Setting::AOLPath).empty() && chooseFolder) chooseFolder(1);
+    });
+    trap.Run([] { AOLPath = TrimAOLText(ReadSetting(Setting::AOLPath)); });
+    trap.Run([&] {
+        if (!FileThere(AOLPath + "\\aol.exe") && chooseFolder) {
+            chooseFolder(1);
+            AOLPath = TrimAOLText(ReadSetting(Setting::AOLPath));
+        }
+    });
     if (AOLPath.empty()) return false;
-    const std::string command = AOLPath + "\\waol.exe";
-    if (WinExec(command.c_str(), SW_SHOWMAXIMIZED) <= 31) return false;
+    // AOL's usual folder ("America Online 4.0") has blanks in it.
+    bool started = false;
+    trap.Run([&] {
+        const std::string command = QuotedProgram(AOLPath + "\\waol.exe");
+        started = WinExec(command.c_str(), SW_SHOWMAXIMIZED) > 31;
+    });
+    if (!started) return false;
     while (!(AOLWindow = FindWindowA("AOL FRAME25", nullptr))) Pause(100);
-    AOLMDIClient = WaitForChildByClass(AOLWindow, "MDIClient");
+    trap.Run([] { AOLMDIClient = WaitForChildByClass(AOLWindow, "MDIClient"); });
     return true;
 }

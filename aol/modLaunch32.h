@@ -7,16 +7,21 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 // "3.0", "4.0", "5.0" ... from the version resource of folder\waol.exe;
 // "" when it has none.
 std::string AOLGetVersion(const std::string& folder);
-// 1 when not signed on, 2 when signed on (a "Welcome, " window and no
-// sign-on or goodbye screen).
+// 1 when not signed on, 2 when signed on: AOL's "Sign Off" command can be
+// chosen (see the reasoning beside it).
 long AOLIsOnline();
-// Up to six screen names: the sign-on list when AOL shows one, else the name
-// of the "Welcome, " window. Unused slots are "".
-void AOLGetScreenName(const std::string& folderWithSlash, std::string names[6]);
+// The account's screen names while signed on: the names last read from the
+// sign-on list, master first; with none ever read, the name now signed on in
+// slot 1 (from the Welcome window, which AOL is asked to show again when it
+// was closed). Unused slots are "". True when slot 1 is the master name.
+bool AOLGetScreenName(const std::string& folderWithSlash, std::string names[6]);
+// Keeps the account's names as just read from the sign-on list, in its order.
+void RememberSignOnNames(const std::vector<std::string>& names);
 
 // Sets AOLVersion from AOLGetVersion(AOLPath); other versions leave it alone.
 void GetAOLVersion();
@@ -36,5 +41,6 @@ using AOLFolderChooser = std::function<void(int firstRun)>;
 // without limit, for its main window. False when there is no folder to start.
 bool StartAOL(const LoadingProgress& progress, const AOLFolderChooser& chooseFolder);
 
-// The full path of the program that owns `window` ("" when unknown).
+// The full path of the AOL program (a module named WAOL.EXE) in the process
+// that owns `window`; "" when that process has none.
 std::string WindowProgramPath(HWND window);

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "AOLHandles.h"
+#include "ErrorTrap.h"
 #include "GlobalMemory.h"
 
 namespace {
@@ -17,29 +18,36 @@ UINT AOLMailFormat()
 
 std::string GetRichText(HWND owner)
 {
-    OpenClipboardScope clipboard(owner);
-    HANDLE block = GetClipboardData(AOLMailFormat());
-    GlobalLockScope lock(static_cast<HGLOBAL>(block));
-    const char* text = static_cast<const char*>(lock.Data());
-    if (!text) return "";
-    // The block may hold no NUL of its own; never read past its end.
-    const size_t size = GlobalSize(static_cast<HGLOBAL>(block));
-    const void* nul = std::memchr(text, 0, size);
-    const size_t length = nul ? static_cast<size_t>(static_cast<const char*>(nul) - text) : size;
-    if (length >= kReadLimit) return "";
-    return std::string(text, length);
+    ErrorTrap trap("modRichText", "GetRichText");
+    std::string text;
+    trap.Run([&] {
+        OpenClipboardScope clipboard(owner);
+        HANDLE block = GetClipboardData(AOLMailFormat());
+        GlobalLockScope lock(static_cast<HGLOBAL>(block));
+        const char* data = static_cast<const char*>(lock.Data());
+        if (!data) return;
+        // The block may hold no NUL of its own; never read past its end.
+        const size_t size = GlobalSize(static_cast<HGLOBAL>(block));
+        const void* nul = std::memchr(data, 0, size);
+        const size_t length = nul ? static_cast<size_t>(static_cast<const char*>(nul) - data) : size;
+        if (length < kReadLimit) text.assign(data, length);
+    });
+    return text;
 }
 
 void PutRichText(HWND owner, const std::string& text)
 {
-    GlobalBlock block(text.size() + 1);
-    if (!block.get()) return;
-    {
-        GlobalLockScope lock(block.get());
-        if (lock.Data()) std::memcpy(lock.Data(), text.data(), text.size());
-    }
-    OpenClipboardScope clipboard(owner);
-    EmptyClipboard();
-    // Once the clipboard takes the block, it is the clipboard's to free.
-    if (SetClipboardData(AOLMailFormat(), block.get())) block.Release();
+    ErrorTrap trap("modRichText", "PutRichText");
+    trap.Run([&] {
+        GlobalBlock block(text.size() + 1);
+        if (!block.get()) return;
+        {
+            GlobalLockScope lock(block.get());
+            if (lock.Data()) std::memcpy(lock.Data(), text.data(), text.size());
+        }
+        OpenClipboardScope clipboard(owner);
+        EmptyClipboard();
+        // Once the clipboard takes the block, it is the clipboard's to free.
+        if (SetClipboardData(AOLMailFormat(), block.get())) block.Release();
+    });
 }

@@ -45,6 +45,13 @@ std::string VersionDeterminedText(const std::string& version, bool uk, bool cana
     return "AOL Version " + version + edition;
 }
 
+std::string ScreenNameStatusText(const std::string& firstName, bool isMaster)
+{
+    if (isMaster) return "Master Screen Name: " + firstName;
+    if (firstName.empty()) return "Screen Name Unknown";
+    return "Signed On As: " + firstName;
+}
+
 std::string NextStartText(const std::string& folder)
 {
     std::string upper = folder;

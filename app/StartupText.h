@@ -23,6 +23,12 @@ std::string WrongAOLVersionText(const std::string& version);
 // wins, in the order UK, Canada, Australia; none is the US edition.
 std::string VersionDeterminedText(const std::string& version, bool uk, bool canada, bool australia);
 
+// The loading window's line after the screen names are read. Only names
+// read from the sign-on list name the master: "Master Screen Name: " + it.
+// Otherwise only the name now signed on is known, and the line says so much
+// and no more.
+std::string ScreenNameStatusText(const std::string& firstName, bool isMaster);
+
 // What a "CHANGEAOL" start tells the user about the folder chosen.
 std::string NextStartText(const std::string& folder);
 

@@ -109,12 +109,15 @@ void ReadScreenNames()
     Step("Retrieving Screen Names", -1);
     Pause(100);
     Step("", 50);
+    // Names read from the sign-on list start with the master name; signed on
+    // before Prismo ever saw that list, only the name now signed on is known.
+    bool master = true;
     if (IsAOLOnline(false)) {
-        GetScreenNames();
+        master = GetScreenNames();
     } else if (!GetSignOnScreenNames()) {
         EndProgram();
     }
-    Step("Master Screen Name: " + ScreenNames[0], -1);
+    Step(ScreenNameStatusText(ScreenNames[0], master), -1);
     Pause(100);
 }
 
@@ -182,7 +185,7 @@ void RegSvr(const std::string& fileName, bool registerIt)
     const std::string path = AppPath() + "\\" + fileName;
     if (!FileExists(path)) Refuse(MissingRuntimeFileText(fileName), 16);
     if (registerIt) {
-        const std::string command = "regsvr32 /s " + path;
+        const std::string command = "regsvr32 /s \"" + path + "\"";
         WinExec(command.c_str(), SW_SHOWMINIMIZED);
     }
 }

@@ -20,6 +20,7 @@ enum Op : std::uint32_t {
     OpMenuInsert = 5,  // "position\n" + menu description lines
     OpMenuDelete = 6,  // std::uint32_t position in the menu bar
     OpQuery = 7,       // reply ok when the window is attached and its messages go to its program
+    OpMenuState = 8,   // std::uint32_t command id; reply: its state flags as decimal text
     // DLL -> program's host window
     OpReply = 16,      // Reply header + text
     OpMessage = 17,    // HookedMessage; the answer carries the Answer bits

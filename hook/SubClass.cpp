@@ -3,6 +3,7 @@
 // that hooked the window; window hooks on AOL's threads load the DLL there.
 #include "SubClass.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <utility>
@@ -406,4 +407,13 @@ bool SbcMenuDelete(HWND window, unsigned position)
 {
     const std::uint32_t value = position;
     return MenuRequest(window, sbc::OpMenuDelete, &value, sizeof value, nullptr);
+}
+
+bool SbcMenuItemState(HWND window, unsigned id, unsigned& state)
+{
+    const std::uint32_t value = id;
+    std::string text;
+    if (!MenuRequest(window, sbc::OpMenuState, &value, sizeof value, &text)) return false;
+    state = static_cast<unsigned>(std::strtol(text.c_str(), nullptr, 10));
+    return true;
 }

@@ -74,3 +74,6 @@ bool SbcMenuDump(HWND window, std::string& dump);
 // "P\t<caption>" ... "E" with "I\t<id>\t<caption>", "S" and nested "P" lines.
 bool SbcMenuInsert(HWND window, unsigned position, const std::string& description);
 bool SbcMenuDelete(HWND window, unsigned position);
+// The state flags (MF_GRAYED, MF_CHECKED, ...) of the item with command `id`;
+// false when no item carries it.
+bool SbcMenuItemState(HWND window, unsigned id, unsigned& state);

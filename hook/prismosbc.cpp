@@ -386,6 +386,17 @@ void DeleteMenuAt(HWND window, HWND host, UINT position)
     SendReply(host, window, ok, "", 0);
 }
 
+// The state flags (MF_GRAYED and the like) of the item that carries command
+// `id` anywhere in the window's menus.
+void MenuItemState(HWND window, HWND host, UINT id)
+{
+    HMENU bar = GetMenu(window);
+    const UINT state = bar ? GetMenuState(bar, id, MF_BYCOMMAND) : static_cast<UINT>(-1);
+    char text[16];
+    wsprintfA(text, "%u", state);
+    SendReply(host, window, state != static_cast<UINT>(-1), text, lstrlenA(text));
+}
+
 // ---- requests ------------------------------------------------------------
 
 // A window we subclassed only to carry a menu request goes back as it was.
@@ -439,6 +450,14 @@ void HandleRequest(HWND window, HWND host, const COPYDATASTRUCT* data)
             std::uint32_t position;
             memcpy(&position, bytes, sizeof position);
             DeleteMenuAt(window, host, position);
+        }
+        LeaveIfUnused(window);
+        break;
+    case sbc::OpMenuState:
+        if (data->cbData >= sizeof(std::uint32_t)) {
+            std::uint32_t id;
+            memcpy(&id, bytes, sizeof id);
+            MenuItemState(window, host, id);
         }
         LeaveIfUnused(window);
         break;

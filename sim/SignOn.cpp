@@ -1,6 +1,9 @@
 // Signing on and off: the "Sign On" screen ("Welcome" in AOL 3.0) with its
 // combo box of screen names, the "Welcome, NAME!" window while signed on and
-// the edition's "Goodbye From ..." screen afterwards. The combo box's item data
+// the edition's "Goodbye From ..." screen afterwards. As in AOL, the "Sign
+// Off" command of the "Sign Off" menu can be chosen only while signed on: it
+// is the one sign of the session that lasts as long as the session does,
+// whatever windows the member closes. The combo box's item data
 // points at records laid out as AOL keeps them, so another program can read
 // the names with ReadProcessMemory: item data + 24 holds a 32-bit pointer, the
 // name starts 6 bytes after it.
@@ -94,6 +97,14 @@ public:
     HWND icons[4] = {};
 };
 
+// The menus while signed on or off: "&Sign Off" greyed while there is no
+// session, and in 5.0 "Switch Scree&n Name" only during one.
+void ShowSessionInMenu(bool signedOn) {
+    SetSwitchNameItem(signedOn);
+    EnableMenuItem(GetMenu(Sim().frame), kSignOffCommand, MF_BYCOMMAND | (signedOn ? MF_ENABLED : MF_GRAYED));
+    DrawMenuBar(Sim().frame);
+}
+
 void CloseChildren(const char* kind) {
     for (SimChild* child : ChildrenInOrder()) {
         if (std::string(child->Kind()) == kind) SendMessageA(Sim().mdiClient, WM_MDIDESTROY, (WPARAM)child->hwnd, 0);
@@ -103,8 +114,18 @@ void CloseChildren(const char* kind) {
 }  // namespace
 
 void ShowSignedOffScreen(bool goodbye) {
+    ShowSessionInMenu(false);
     const std::string caption = goodbye ? GoodbyeCaption(Sim().config.edition) : SignOnCaption(Sim().config.version);
     OpenChild(std::make_unique<SignOnScreen>(), caption, 360, 170);
+}
+
+void ShowSignOnLater(int seconds) {
+    ShowSessionInMenu(false);
+    SetTimer(nullptr, 0, static_cast<UINT>(seconds) * 1000u, [](HWND, UINT, UINT_PTR id, DWORD) {
+        KillTimer(nullptr, id);
+        // Signed on meanwhile (aolsimctl sign-on): AOL shows no sign-on screen then.
+        if (!Sim().signedOn && !TopChild("signon")) ShowSignedOffScreen(false);
+    });
 }
 
 void ShowWelcome() {
@@ -129,7 +150,7 @@ bool SignOn(const std::string& name, std::string& error) {
     CloseChildren("signon");
     Sim().signedOn = true;
     Sim().currentName = name;
-    SetSwitchNameItem(true);
+    ShowSessionInMenu(true);
     LogEvent("sign-on\t" + name);
     ShowWelcome();
     return true;
@@ -140,7 +161,7 @@ void SignOff() {
     CloseChildren("room");
     CloseChildren("welcome");
     Sim().signedOn = false;
-    SetSwitchNameItem(false);
+    ShowSessionInMenu(false);
     LogEvent("sign-off\t" + Sim().currentName);
     Sim().currentName.clear();
     ShowSignedOffScreen(true);

@@ -95,6 +95,8 @@ std::vector<std::string> MailAttachments(SimChild* mail);
 
 // Sign-on (SignOn.cpp).
 void ShowSignedOffScreen(bool goodbye);
+// The Sign On screen `seconds` after now, as a slow AOL shows it.
+void ShowSignOnLater(int seconds);
 bool SignOn(const std::string& name, std::string& error);
 void SignOff();
 void ShowWelcome();

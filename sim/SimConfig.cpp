@@ -21,6 +21,39 @@ SimEdition ParseEdition(const std::string& name) {
     throw std::invalid_argument("unknown edition \"" + name + "\" (us, uk, ca or au)");
 }
 
+int ParseSeconds(const std::string& option, const std::string& text) {
+    if (text.empty() || text.size() > 4 || text.find_first_not_of("0123456789") != std::string::npos)
+        throw std::invalid_argument(option + " takes a number of seconds, not \"" + text + "\"");
+    return std::stoi(text);
+}
+
+bool IsKeywordSwitch(const std::string& arg) {
+    return arg.size() >= 2 && (arg[0] == '-' || arg[0] == '/') && (arg[1] == 's' || arg[1] == 'S') &&
+           arg.rfind("--", 0) != 0;
+}
+
+// One argument from `line` at `at` (past any blanks), quotes taken out as the
+// C runtime does: 2n backslashes before a quote give n and the quote groups,
+// 2n+1 give n and a plain quote; other backslashes stand as they are.
+std::string NextArgument(const std::string& line, std::size_t& at) {
+    std::string arg;
+    bool quoted = false;
+    while (at < line.size() && (quoted || (line[at] != ' ' && line[at] != '\t'))) {
+        std::size_t slashes = 0;
+        while (at < line.size() && line[at] == '\\') ++slashes, ++at;
+        if (at < line.size() && line[at] == '"') {
+            arg.append(slashes / 2, '\\');
+            if (slashes % 2) arg += '"';
+            else quoted = !quoted;
+            ++at;
+        } else {
+            arg.append(slashes, '\\');
+            if (at < line.size() && (quoted || (line[at] != ' ' && line[at] != '\t'))) arg += line[at++];
+        }
+    }
+    return arg;
+}
+
 int ParseMenuCount(const std::string& text) {
     if (text == "5") return 5;
     if (text == "6") return 6;
@@ -67,8 +100,7 @@ SimConfig ParseSimArgs(const std::vector<std::string>& args, int version) {
     ArgReader reader(args);
     while (reader.More()) {
         const std::string arg = reader.Next();
-        if (arg.size() >= 2 && (arg[0] == '-' || arg[0] == '/') && (arg[1] == 's' || arg[1] == 'S') &&
-            arg.rfind("--", 0) != 0) {
+        if (IsKeywordSwitch(arg)) {
             config.keyword = arg.substr(2);
             config.hasKeyword = true;
             continue;
@@ -98,11 +130,37 @@ SimConfig ParseSimArgs(const std::vector<std::string>& args, int version) {
             config.windows.push_back(value());
         } else if (name == "--log") {
             config.logFile = value();
+        } else if (name == "--signon-delay") {
+            config.signOnDelay = ParseSeconds(name, value());
         } else {
             throw std::invalid_argument("unknown option \"" + arg + "\"");
         }
     }
     return config;
+}
+
+std::vector<std::string> SplitSimCommandLine(const std::string& commandLine) {
+    std::size_t at = 0;
+    // The program's own name ends at its closing quote, or else at the first
+    // blank: an unquoted folder with blanks leaves its tail as arguments.
+    if (!commandLine.empty() && commandLine[0] == '"') {
+        at = commandLine.find('"', 1);
+        at = at == std::string::npos ? commandLine.size() : at + 1;
+    }
+    while (at < commandLine.size() && commandLine[at] != ' ' && commandLine[at] != '\t') ++at;
+    std::vector<std::string> args;
+    for (;;) {
+        while (at < commandLine.size() && (commandLine[at] == ' ' || commandLine[at] == '\t')) ++at;
+        if (at >= commandLine.size()) break;
+        if (IsKeywordSwitch(commandLine.substr(at, 3))) {
+            std::string rest = commandLine.substr(at);
+            rest.erase(rest.find_last_not_of(" \t\r\n") + 1);
+            args.push_back(rest);
+            break;
+        }
+        args.push_back(NextArgument(commandLine, at));
+    }
+    return args;
 }
 
 std::string EditionName(SimEdition edition) {

@@ -22,7 +22,14 @@ struct SimConfig {
     std::string logFile;
     std::string keyword;                // -s<keyword>: hand over or perform at start
     bool hasKeyword = false;
+    int signOnDelay = 0;                // seconds between the main window and the Sign On screen
 };
+
+// waol.exe's arguments from its whole command line (program name first), the
+// way AOL reads them: blanks separate arguments, double quotes group them,
+// and "-s" takes the rest of the line as it stands, blanks and all, as the
+// keyword ("waol.exe -sPeople Connection" asks for "People Connection").
+std::vector<std::string> SplitSimCommandLine(const std::string& commandLine);
 
 // Parses waol.exe's arguments. Throws std::invalid_argument naming the problem.
 SimConfig ParseSimArgs(const std::vector<std::string>& args, int version);

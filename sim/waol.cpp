@@ -1,6 +1,6 @@
 // waol.exe, the AOL simulator: an AOL-like main window with chat rooms, mail
 // and sign-on screens for Prismo's tests and demo. "-s<keyword>" hands the
-// keyword to a running simulator, as AOL does.
+// keyword (the rest of the command line) to a running simulator, as AOL does.
 #include "Sim.h"
 
 #include <cstdio>
@@ -23,11 +23,7 @@ void LogEvent(const std::string& line) {
 
 namespace {
 
-std::vector<std::string> CommandLineArgs() {
-    std::vector<std::string> args;
-    for (int i = 1; i < __argc; ++i) args.push_back(__argv[i]);
-    return args;
-}
+std::vector<std::string> CommandLineArgs() { return SplitSimCommandLine(GetCommandLineA()); }
 
 bool HandOverKeyword(const std::string& keyword) {
     HWND running = FindWindowA(kFrameClass, nullptr);
@@ -44,6 +40,8 @@ void OpenStartWindows() {
         std::string error;
         const std::string name = config.signedOnAs.empty() ? config.screenNames.front() : config.signedOnAs;
         if (!SignOn(name, error)) throw std::invalid_argument(error);
+    } else if (config.signOnDelay > 0) {
+        ShowSignOnLater(config.signOnDelay);
     } else {
         ShowSignedOffScreen(false);
     }

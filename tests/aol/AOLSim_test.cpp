@@ -55,6 +55,7 @@ protected:
         AOLVersion.clear();
         AOLEdition = AOLEditionFlags{};
         ScreenNames = {};
+        RememberSignOnNames({});
         messages_.clear();
         SetAOLMessageSink(this);
     }
@@ -65,10 +66,11 @@ protected:
     }
     void Message(const std::string& m, long) override { messages_ += m + "\n"; }
 
-    // Starts the simulator and attaches to it as start-up does.
-    void Start(const std::string& version, const std::string& options)
+    // Starts the simulator (from its folder for `version`, or from
+    // `folder`) and attaches to it as start-up does.
+    void Start(const std::string& version, const std::string& options, const std::string& folder = "")
     {
-        ASSERT_TRUE(sim_.Start(version, options));
+        ASSERT_TRUE(folder.empty() ? sim_.Start(version, options) : sim_.StartIn(folder, options));
         ASSERT_TRUE(AOLIsRunning(nullptr));
         ASSERT_EQ(AOLWindow, sim_.Frame());
         ASSERT_NE(AOLMDIClient, nullptr);
@@ -235,8 +237,10 @@ TEST_P(AOLEditions, VersionEditionSignOnAndScreenNames)
     ASSERT_EQ(sim_.Ctl("sign-on \"Ann  Lee\""), "");
     EXPECT_TRUE(IsAOLOnline(false));
     EXPECT_EQ(GetCurrentScreenName(), "Ann  Lee");
-    GetScreenNames();
-    EXPECT_EQ(ScreenNames[0], "Ann  Lee");
+    // Signed on: the account's names as the sign-on list gave them, master first.
+    EXPECT_TRUE(GetScreenNames());
+    const std::array<std::string, 6> account = {"Ann  Lee", "Bob", "", "", "", ""};
+    EXPECT_EQ(ScreenNames, account);
 
     sim_.Ctl("sign-off");
     EXPECT_FALSE(IsAOLOnline(true));
@@ -252,6 +256,51 @@ INSTANTIATE_TEST_SUITE_P(FourEditionsAndThreeVersions, AOLEditions,
                                            Edition{"40", "au", false, false, true},
                                            Edition{"30", "us", false, false, false},
                                            Edition{"50", "us", false, false, false}));
+
+TEST_F(AOLSim, SignedOnLastsWhateverWindowsTheMemberCloses)
+{
+    Start("40", "--signed-on Second --screen-names \"Zun Tester,Second,Guest\"");
+    GetAOLVersion();
+    auto close = [&](const char* caption) {
+        HWND window = FindWindowExA(AOLMDIClient, nullptr, "AOL Child", caption);
+        ASSERT_NE(window, nullptr) << caption;
+        PostMessageA(window, WM_CLOSE, 0, 0);
+        ASSERT_TRUE(PumpUntil([&] { return !IsWindow(window); }, 5000)) << caption;
+    };
+    close("Welcome, Second!");
+    EXPECT_EQ(AOLIsOnline(), 2);
+    EXPECT_TRUE(IsAOLOnline(true));
+    // No sign-on list read yet: only the name signed on is known, and AOL is
+    // asked to show its Welcome window again to tell it.
+    EXPECT_FALSE(GetScreenNames());
+    const std::array<std::string, 6> current = {"Second", "", "", "", "", ""};
+    EXPECT_EQ(ScreenNames, current);
+    EXPECT_EQ(sim_.Ctl("keywords"), "welcome\n");
+
+    sim_.Ctl("sign-off");
+    EXPECT_EQ(AOLIsOnline(), 1);
+    ASSERT_TRUE(GetSignOnScreenNames());
+    close("Goodbye From America Online!");
+    EXPECT_EQ(AOLIsOnline(), 1) << "no goodbye screen is no session either";
+    ASSERT_EQ(sim_.Ctl("sign-on Second"), "");
+    close("Welcome, Second!");
+    // The list read before this sign-on gives the account's names, master first.
+    EXPECT_TRUE(GetScreenNames());
+    const std::array<std::string, 6> account = {"Zun Tester", "Second", "", "", "", ""};
+    EXPECT_EQ(ScreenNames, account);
+    EXPECT_EQ(sim_.Ctl("keywords"), "welcome\n");
+    EXPECT_EQ(messages_, "");
+}
+
+TEST_F(AOLSim, AOLInAFolderWithBlanksIsAttachedToAndTakesKeywordsWithBlanks)
+{
+    Start("40", "", SimFolderWithBlanks());
+    EXPECT_EQ(FullPath(AOLPath), FullPath(SimFolderWithBlanks()));
+    GetAOLVersion();
+    EXPECT_EQ(AOLVersion, "4");
+    RunAOLKeyword("People Connection");
+    EXPECT_TRUE(sim_.WaitForLine("keywords", "People Connection"));
+}
 
 TEST_F(AOLSim, StartingAOLReportsItsStepsAndFindsTheMainWindow)
 {
@@ -285,6 +334,21 @@ TEST_F(AOLSim, ASixteenBitAOLIsRefused)
     ASSERT_NE(WaitForProcessWindow("AOL FRAME25", impostor.Id()), nullptr);
     EXPECT_FALSE(AOLIsRunning(nullptr));
     EXPECT_NE(messages_.find("A 16 bit version of AOL is currently running!"), std::string::npos);
+}
+
+// AOL's program need not be the first module of the process that owns its
+// window: it is looked for among them all, and a process without it has none.
+TEST_F(AOLSim, AOLsProgramIsLookedForAmongAllModulesOfTheProcess)
+{
+    HWND mine = CreateWindowA("STATIC", "", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(mine, nullptr);
+    EXPECT_EQ(WindowProgramPath(mine), "");
+    const std::string waol = SimFolder() + "aol40\\waol.exe";
+    HMODULE module = LoadLibraryExA(waol.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(FullPath(WindowProgramPath(mine)), FullPath(waol));
+    FreeLibrary(module);
+    DestroyWindow(mine);
 }
 
 TEST_F(AOLSim, ProgramMenuTakesItsPlaceAndRunsItsCommands)

@@ -63,6 +63,21 @@ TEST(SessionFacts, SignOnSlotsStopBeforeGuestAndTakeTheSelection)
     EXPECT_EQ(guest[5], "");
 }
 
+TEST(SessionFacts, SignedOnTheAccountIsTheListReadElseTheNameSignedOn)
+{
+    using Slots = std::vector<std::string>;
+    EXPECT_EQ(AccountSlots({"Master", "B", "C", "D", "E", "F", "G"}, "B"), (Slots{"Master", "B", "C", "D", "E", "F"}));
+    EXPECT_EQ(AccountSlots({"Master"}, "Other"), (Slots{"Master", "", "", "", "", ""}));
+    EXPECT_EQ(AccountSlots({}, "Ann Lee"), (Slots{"Ann Lee", "", "", "", "", ""}));
+}
+
+TEST(SessionFacts, AOLIsStartedFromAFolderWithBlanksAndTakesTheKeywordWhole)
+{
+    EXPECT_EQ(QuotedProgram("C:\\America Online 4.0\\waol.exe"), "\"C:\\America Online 4.0\\waol.exe\"");
+    EXPECT_EQ(KeywordCommandLine("C:\\America Online 4.0", "People Connection"),
+              "\"C:\\America Online 4.0\\waol.exe\" -sPeople Connection");
+}
+
 TEST(AOLMenu, ProgramMenuGoesAfterTheSixthOrSeventhMenu)
 {
     EXPECT_EQ(ProgramMenuPosition(4), -1);
@@ -86,6 +101,12 @@ TEST(AOLMenu, DumpIsSearchedByCaptionIgnoringCaseButNotAmpersands)
     EXPECT_EQ(FindMenuCaption(entries, "&About AOL Canada"), nullptr);
     EXPECT_EQ(FindMenuCaption(entries, "&File"), nullptr);  // a menu, not an item
     EXPECT_EQ(ProgramMenuIndex(entries), 5);
+    // An item is looked for in its own menu only.
+    const MenuEntry* signOff = FindMenuItem(entries, "&SIGN OFF", "switch scree&n name");
+    ASSERT_NE(signOff, nullptr);
+    EXPECT_EQ(signOff->id, 8240);
+    EXPECT_EQ(FindMenuItem(entries, "&Help", "Switch Scree&n Name"), nullptr);
+    EXPECT_EQ(FindMenuItem(entries, "&Sign Off", "&Sign Off"), nullptr);
     EXPECT_EQ(ProgramMenuIndex(ParseMenuDump("0\t-1\tPrism&o\n")), -1);  // before position 5
     EXPECT_EQ(ProgramMenuIndex(ParseMenuDump(
                   "0\t-1\ta\n0\t-1\tb\n0\t-1\tc\n0\t-1\td\n0\t-1\te\n0\t-1\tprism&o\n")),

@@ -30,6 +30,14 @@ TEST(StartupText, EditionNamedByTheFirstFlagInOrderUKCanadaAustralia)
     EXPECT_EQ(VersionDeterminedText("4", false, false, true), "AOL Version 4.0 Australia Determined");
 }
 
+TEST(StartupText, OnlyNamesFromTheSignOnListNameTheMaster)
+{
+    EXPECT_EQ(ScreenNameStatusText("Ann Lee", true), "Master Screen Name: Ann Lee");
+    EXPECT_EQ(ScreenNameStatusText("", true), "Master Screen Name: ");
+    EXPECT_EQ(ScreenNameStatusText("Ann Lee", false), "Signed On As: Ann Lee");
+    EXPECT_EQ(ScreenNameStatusText("", false), "Screen Name Unknown");
+}
+
 TEST(StartupText, MessagesCarryTheirParticulars)
 {
     EXPECT_NE(MissingRuntimeFileText("prismosbc.dll").find("~Bprismosbc.dll~B is missing"), std::string::npos);

@@ -128,7 +128,8 @@ TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
     SimAOL sim(5, {"--signed-on", "Zun Tester", "--log", log});
     // The Welcome window is gone; the keyword brings it back.
     SendMessageA(sim.Mdi(), WM_MDIDESTROY, (WPARAM)ChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), 0);
-    for (const char* keyword : {"-swelcome", "-shttp://example.com/support.html"}) {
+    // As Prismo hands them over: the keyword unquoted, blanks and all.
+    for (const char* keyword : {"-swelcome", "-shttp://example.com/support.html", "-sPeople Connection"}) {
         STARTUPINFOA si{};
         si.cb = sizeof si;
         PROCESS_INFORMATION pi{};
@@ -138,7 +139,8 @@ TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
         CloseHandle(pi.hThread);
         CloseHandle(pi.hProcess);
     }
-    EXPECT_EQ(CtlLines({"keywords"}), (std::vector<std::string>{"welcome", "http://example.com/support.html"}));
+    EXPECT_EQ(CtlLines({"keywords"}),
+              (std::vector<std::string>{"welcome", "http://example.com/support.html", "People Connection"}));
     EXPECT_NE(WaitChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), nullptr);
     EXPECT_EQ(FindWindowExA(nullptr, sim.Frame(), "AOL FRAME25", nullptr), nullptr) << "a second AOL started";
     EXPECT_NE(ReadFileText(log).find("keyword\twelcome\n"), std::string::npos);
@@ -147,6 +149,29 @@ TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
 TEST(SimSession, KeywordWithoutRunningAolStartsIt) {
     SimAOL sim(4, {"-sPeople Connection"});
     EXPECT_EQ(CtlLines({"keywords"}), std::vector<std::string>{"People Connection"});
+}
+
+TEST(SimSession, SignOnScreenComesAsLateAsAsked) {
+    SimAOL sim(4, {"--signon-delay", "2"});
+    EXPECT_EQ(ChildByCaption(sim.Mdi(), "Sign On"), nullptr) << "ready before its Sign On screen";
+    EXPECT_NE(WaitChildByCaption(sim.Mdi(), "Sign On"), nullptr);
+    EXPECT_EQ(Ctl({"sign-on", "Zun Tester"}).status, 0);
+    EXPECT_NE(ChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), nullptr);
+}
+
+TEST(SimSession, FolderWithBlanksHoldsAol40) {
+    SimAOL sim;
+    ASSERT_TRUE(sim.StartIn(SimFolderWithBlanks(), "--screen-names \"Ann Lee,Guest\""));
+    EXPECT_NE(ChildByCaption(sim.Mdi(), "Sign On"), nullptr);
+    const std::string path = SimFolderWithBlanks() + "\\waol.exe";
+    DWORD handle = 0;
+    std::vector<char> info(GetFileVersionInfoSizeA(path.c_str(), &handle));
+    ASSERT_FALSE(info.empty());
+    ASSERT_TRUE(GetFileVersionInfoA(path.c_str(), 0, (DWORD)info.size(), info.data()));
+    VS_FIXEDFILEINFO* fixed = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueA(info.data(), "\\", (void**)&fixed, &length));
+    EXPECT_EQ(HIWORD(fixed->dwFileVersionMS), 4);
 }
 
 TEST(SimSession, LauncherStartsWaolBesideIt) {
@@ -216,6 +241,23 @@ TEST(SimSession, BadCommandLinesAreRefused) {
     EXPECT_EQ(config.screenNames, (std::vector<std::string>{"A", "B", "Guest"}));
     EXPECT_EQ(config.keyword, "Welcome");
     EXPECT_EQ(config.menuCount, 8);
+    EXPECT_THROW(ParseSimArgs({"--signon-delay", "soon"}, 4), std::invalid_argument);
+    EXPECT_EQ(ParseSimArgs({"--signon-delay=8"}, 4).signOnDelay, 8);
+}
+
+TEST(SimSession, CommandLineIsReadAsAolReadsIt) {
+    using Args = std::vector<std::string>;
+    // "-s" takes the rest of the line, blanks and all, as the keyword.
+    EXPECT_EQ(SplitSimCommandLine("waol.exe -sPeople Connection  "), Args{"-sPeople Connection"});
+    EXPECT_EQ(SplitSimCommandLine("\"C:\\America Online 4.0\\waol.exe\" --edition uk -sA --b"),
+              (Args{"--edition", "uk", "-sA --b"}));
+    // An unquoted program path with blanks leaves its tail as arguments.
+    EXPECT_EQ(SplitSimCommandLine("C:\\America Online 4.0\\waol.exe"), (Args{"Online", "4.0\\waol.exe"}));
+    EXPECT_THROW(ParseSimArgs(SplitSimCommandLine("C:\\America Online 4.0\\waol.exe"), 4), std::invalid_argument);
+    // Quotes group; backslashes stay but for the ones before a quote.
+    EXPECT_EQ(SplitSimCommandLine("w --log \"Z:\\a b\\x.log\" --window \"say \\\"hi\\\"\" --room \"C:\\\\\""),
+              (Args{"--log", "Z:\\a b\\x.log", "--window", "say \"hi\"", "--room", "C:\\"}));
+    EXPECT_EQ(SplitSimCommandLine("w"), Args{});
 }
 
 }  // namespace

@@ -13,10 +13,27 @@ bool Ready(HWND frame)
     return SendMessageTimeoutA(frame, WM_SIM_READY, 0, 0, SMTO_ABORTIFHUNG, 1000, &ready) && ready == 1;
 }
 
+bool KeywordSwitch(const std::string& arg)
+{
+    return arg.size() >= 2 && (arg[0] == '-' || arg[0] == '/') && (arg[1] == 's' || arg[1] == 'S');
+}
+
 std::string Quoted(const std::vector<std::string>& args)
 {
     std::string line;
     for (const auto& arg : args) line += (line.empty() ? "\"" : " \"") + arg + "\"";
+    return line;
+}
+
+// waol.exe's options: each quoted, except the keyword switch, which goes as
+// Prismo hands it over (AOL takes the rest of its command line as it stands).
+std::string WaolOptions(const std::vector<std::string>& args)
+{
+    std::string line;
+    for (const auto& arg : args) {
+        if (!line.empty()) line += ' ';
+        line += KeywordSwitch(arg) ? arg : "\"" + arg + "\"";
+    }
     return line;
 }
 
@@ -36,6 +53,7 @@ struct OwnedHandle {
 
 std::string SimFolder() { return TestFolder() + "..\\..\\aolsim\\"; }
 std::string SimFolder(int version) { return SimFolder() + "aol" + std::to_string(version) + "0"; }
+std::string SimFolderWithBlanks() { return SimFolder() + "America Online 4.0"; }
 
 int RunCaptured(const std::string& commandLine, std::string& output, DWORD ms)
 {
@@ -98,15 +116,20 @@ std::vector<std::string> CtlLines(const std::vector<std::string>& args)
 
 SimAOL::SimAOL(int version, const std::vector<std::string>& args)
 {
-    if (!Start(std::to_string(version) + "0", Quoted(args)))
+    if (!Start(std::to_string(version) + "0", WaolOptions(args)))
         ADD_FAILURE() << "the simulator (AOL " << version << ".0) did not come up";
 }
 
 bool SimAOL::Start(const std::string& version, const std::string& options)
 {
+    return StartIn(SimFolder() + "aol" + version, options);
+}
+
+bool SimAOL::StartIn(const std::string& folder, const std::string& options)
+{
     // One simulator at a time: another would answer FindWindow.
     PumpUntil([] { return !FindWindowA("AOL FRAME25", nullptr); }, 5000);
-    folder_ = SimFolder() + "aol" + version;
+    folder_ = folder;
     if (!process_.Start("\"" + folder_ + "\\waol.exe\" " + options)) return false;
     frame_ = WaitForProcessWindow("AOL FRAME25", process_.Id(), 20000);
     return frame_ && PumpUntil([&] { return Ready(frame_); }, 20000);

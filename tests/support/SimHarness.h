@@ -14,6 +14,9 @@
 std::string SimFolder();
 // One version's install folder ("...\aolsim\aol40"), without one.
 std::string SimFolder(int version);
+// AOL 4.0 where AOL usually lives, with blanks in the folder's name
+// ("...\aolsim\America Online 4.0"), without a trailing backslash.
+std::string SimFolderWithBlanks();
 
 // Runs a program to its end, pumping our messages; returns its exit code
 // (255 when it could not start or did not end in `ms`) and sets `output` to
@@ -33,7 +36,9 @@ std::vector<std::string> CtlLines(const std::vector<std::string>& args);
 class SimAOL {
 public:
     SimAOL() = default;
-    // Starts at once; a failure to come up is a test failure.
+    // Starts at once; a failure to come up is a test failure. Each argument
+    // is quoted except "-sKEYWORD", handed over as Prismo does, unquoted (AOL
+    // takes the rest of its command line as it stands): it goes last.
     SimAOL(int version, const std::vector<std::string>& args);
     ~SimAOL() { Stop(); }
     SimAOL(const SimAOL&) = delete;
@@ -42,6 +47,8 @@ public:
     // version "30", "40" or "50"; `options` as on waol.exe's command line.
     // True once its main window answers that its start-up windows are open.
     bool Start(const std::string& version, const std::string& options);
+    // The same from an install folder of any name.
+    bool StartIn(const std::string& folder, const std::string& options);
     // Kills it and waits until its windows are gone.
     void Stop();
     // Waits up to `ms` for it to end by itself; true when it did.

@@ -1,0 +1,175 @@
+// prismo.exe starting against AOL as a member meets it: an AOL slow to show
+// its Sign On screen, or one that never does; an AOL signed on whose Welcome
+// window was closed; and AOL in its usual folder, with blanks in the name,
+// started by Prismo and handed a keyword with blanks.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "ChatLive.h"
+#include "resource.h"
+
+using namespace ChatLive;
+
+namespace {
+
+// How many times the watcher of program `pid` has ticked; -1 before its
+// chat session window exists.
+long WatcherTicks(DWORD pid)
+{
+    HWND session = nullptr;
+    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(session, &owner);
+        if (owner == pid) return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
+    }
+    return -1;
+}
+
+bool ProgramMenuInAOL() { return Ctl({"menu"}).out.find("Prism&o") != std::string::npos; }
+
+std::vector<std::string> Lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    size_t start = 0;
+    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
+        lines.push_back(text.substr(start, end - start));
+    return lines;
+}
+
+class StartupSession : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        EndEveryAOL();
+        FreshSettings(SimFolder() + "aol40");
+    }
+    void TearDown() override
+    {
+        prismo_.Kill();
+        sim_.Stop();
+        EndEveryAOL();
+    }
+
+    // Starts Prismo and follows its loading window until its menu is in AOL's
+    // menu bar (start-up's last steps) or it shows a message. Returns the
+    // message's text, "" when start-up went through; `steps` gets every
+    // status the loading window showed.
+    std::string StartPrismo(DWORD ms = 90000)
+    {
+        EXPECT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
+        std::string message;
+        PumpUntil(
+            [&] {
+                if (HWND loading = WindowWithChild(prismo_.Id(), IDC_LD_BAR))
+                    steps_.insert(WindowText(GetDlgItem(loading, IDC_LD_BAR)));
+                if ((box_ = WindowWithChild(prismo_.Id(), IDC_MSG_AREA)) != nullptr) {
+                    message = WindowText(GetDlgItem(box_, IDC_MSG_AREA));
+                    return true;
+                }
+                return WatcherTicks(prismo_.Id()) > 0 && ProgramMenuInAOL();
+            },
+            ms);
+        return message;
+    }
+
+    // True once the watcher has ticked `count` more times.
+    bool TicksPass(long count)
+    {
+        const long from = WatcherTicks(prismo_.Id());
+        return PumpUntil([&] { return WatcherTicks(prismo_.Id()) >= from + count; }, 20000);
+    }
+
+    bool RoomHooked()
+    {
+        return PumpUntil([&] { return sim_.Ctl("subclassed").find("input\tsubclassed\n") != std::string::npos; },
+                         20000);
+    }
+
+    // The Welcome window closed as a member closes it, by its close box.
+    void CloseWelcome()
+    {
+        HWND welcome = FindWindowExA(sim_.Mdi(), nullptr, "AOL Child", "Welcome, Zun Tester!");
+        ASSERT_NE(welcome, nullptr);
+        PostMessageA(welcome, WM_CLOSE, 0, 0);
+        ASSERT_TRUE(PumpUntil([&] { return !IsWindow(welcome); }, 5000));
+    }
+
+    SimAOL sim_;
+    TestProcess prismo_;
+    std::set<std::string> steps_;
+    HWND box_ = nullptr;
+};
+
+TEST_F(StartupSession, ASignOnScreenEightSecondsLateIsWaitedFor)
+{
+    ASSERT_TRUE(sim_.Start("40", "--signon-delay 8 --screen-names \"Ann Lee,Guest\""));
+    ASSERT_EQ(FindWindowExA(sim_.Mdi(), nullptr, "AOL Child", "Sign On"), nullptr);
+    EXPECT_EQ(StartPrismo(), "");
+    EXPECT_EQ(steps_.count("Master Screen Name: Ann Lee"), 1u);
+    EXPECT_NE(FindWindowExA(sim_.Mdi(), nullptr, "AOL Child", "Sign On"), nullptr);
+}
+
+TEST_F(StartupSession, NoSignOnScreenInThreeRoundsOfTenSecondsEndsTheProgram)
+{
+    ASSERT_TRUE(sim_.Start("40", "--signon-delay 40"));
+    const DWORD start = GetTickCount();
+    const std::string message = StartPrismo();
+    const DWORD waited = GetTickCount() - start;
+    EXPECT_EQ(message, "Prismo timed out waiting for America Online to load.~N ~NPlease start America Online "
+                       "first and then start Prismo");
+    EXPECT_GE(waited, 30000u) << "three rounds of ten seconds each";
+    ASSERT_TRUE(box_);
+    PostMessageA(GetDlgItem(box_, IDC_MSG_CMD0), BM_CLICK, 0, 0);
+    EXPECT_EQ(prismo_.Wait(15000), 0) << "the program ends after the message";
+    EXPECT_FALSE(ProgramMenuInAOL());
+}
+
+TEST_F(StartupSession, SignedOnWithTheWelcomeWindowClosed)
+{
+    ASSERT_TRUE(sim_.Start("40", "--signed-on \"Zun Tester\" --room Lobby"));
+    CloseWelcome();
+    ASSERT_EQ(StartPrismo(), "");
+    // Prismo never saw the sign-on list: it knows the name signed on, not
+    // which is the master. AOL showed its Welcome window again to tell it.
+    EXPECT_EQ(steps_.count("Signed On As: Zun Tester"), 1u);
+    EXPECT_EQ(steps_.count("Master Screen Name: Zun Tester"), 0u);
+    EXPECT_EQ(CtlLines({"keywords"}), std::vector<std::string>{"welcome"});
+
+    // The watcher takes the names in once for the session: closed again, the
+    // Welcome window is not asked for again tick after tick.
+    ASSERT_TRUE(TicksPass(1));
+    CloseWelcome();
+    ASSERT_TRUE(TicksPass(3));
+    EXPECT_EQ(CtlLines({"keywords"}), std::vector<std::string>{"welcome"});
+
+    // A command for signed-on members only: the advertisement goes out.
+    ASSERT_TRUE(RoomHooked());
+    sim_.Ctl("type /adv");
+    sim_.Ctl("key enter");
+    EXPECT_TRUE(PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= 5; }, 20000))
+        << sim_.Ctl("transcript");
+}
+
+TEST_F(StartupSession, AOLInAFolderWithBlanksIsStartedAndTakesAKeywordWithBlanks)
+{
+    FreshSettings(SimFolderWithBlanks());
+    ASSERT_EQ(StartPrismo(), "");
+    HWND frame = FindWindowA("AOL FRAME25", nullptr);
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(WindowText(frame), "America  Online");
+    EXPECT_EQ(steps_.count("Master Screen Name: Zun Tester"), 1u);
+
+    ASSERT_EQ(Ctl({"open-room", "Lobby"}).status, 0);
+    ASSERT_TRUE(RoomHooked());
+    Ctl({"type", "/People Connection"});
+    Ctl({"key", "enter"});
+    EXPECT_TRUE(PumpUntil([] { return Ctl({"keywords"}).out == "People Connection\n"; }, 10000))
+        << Ctl({"keywords"}).out;
+    EXPECT_EQ(Ctl({"transcript"}).out, "") << "a command never reaches the room";
+    Ctl({"kill"});
+}
+
+}  // namespace
