@@ -243,7 +243,7 @@ TEST(SimSession, CloseExitCommandAndKill) {
 
 TEST(SimSession, BadCommandLinesAreRefused) {
     EXPECT_THROW(ParseSimArgs({"--edition", "fr"}, 4), std::invalid_argument);
-    EXPECT_THROW(ParseSimArgs({"--menus", "7"}, 4), std::invalid_argument);
+    EXPECT_THROW(ParseSimArgs({"--menus", "9"}, 4), std::invalid_argument);
     EXPECT_THROW(ParseSimArgs({"--log"}, 4), std::invalid_argument);
     EXPECT_THROW(ParseSimArgs({"--bogus"}, 4), std::invalid_argument);
     const SimConfig config = ParseSimArgs({"--screen-names= A , B ,Guest", "-sWelcome", "--menus=8"}, 5);
