@@ -363,6 +363,19 @@ TEST_F(AOLSim, ProgramMenuAndEditionWithAMaximisedRoom)
     }
 }
 
+TEST_F(AOLSim, AOL5SignOnIsReadFromTheMenusWithAMaximisedRoom)
+{
+    Start("50", "--signed-on \"Zun Tester\" --room Lobby");
+    ASSERT_EQ(sim_.Ctl("maximize room"), "");
+    GetAOLVersion();
+    ASSERT_EQ(AOLVersion, "5");
+    EXPECT_TRUE(IsAOLOnline(false));
+    sim_.Ctl("sign-off");  // closes the room
+    sim_.Ctl("open-room Lobby");
+    ASSERT_EQ(sim_.Ctl("maximize room"), "");
+    EXPECT_FALSE(IsAOLOnline(false));
+}
+
 class RichText : public ::testing::Test {
 protected:
     void SetUp() override
