@@ -191,12 +191,6 @@ std::string ProgramMenuDescription()
            "E\n";
 }
 
-int ProgramMenuPosition(int count)
-{
-    if (count < 5) return -1;
-    return count <= 6 ? 6 : 7;
-}
-
 std::vector<MenuEntry> ParseMenuDump(const std::string& dump)
 {
     std::vector<MenuEntry> entries;
@@ -218,12 +212,38 @@ std::vector<MenuEntry> ParseMenuDump(const std::string& dump)
     return entries;
 }
 
+namespace {
+bool IsAOLMenu(const MenuEntry& e)
+{
+    return e.level == 0 && !TrimAOLText(e.caption).empty();
+}
+}  // namespace
+
 int MenuBarCount(const std::vector<MenuEntry>& entries)
 {
     int count = 0;
     for (const MenuEntry& e : entries)
-        if (e.level == 0) ++count;
+        if (IsAOLMenu(e)) ++count;
     return count;
+}
+
+// The menu is placed among AOL's menus by counting them alone: while a
+// document window is maximised, Windows puts its system menu in front of
+// AOL's menus and its minimise, restore and close buttons behind them, and a
+// count of every entry would put our menu among those buttons (and, with
+// seven or more menus, one menu too early).
+int ProgramMenuPosition(const std::vector<MenuEntry>& entries)
+{
+    const int menus = MenuBarCount(entries);
+    if (menus < 5) return -1;
+    const int before = menus <= 6 ? menus : 7;  // AOL's menus that stay in front of ours
+    int position = 0, seen = 0;
+    for (const MenuEntry& e : entries) {
+        if (e.level != 0) continue;
+        ++position;
+        if (IsAOLMenu(e) && ++seen == before) return position;
+    }
+    return position;
 }
 
 int ProgramMenuIndex(const std::vector<MenuEntry>& entries)

@@ -56,11 +56,6 @@ std::vector<std::string> AccountSlots(const std::vector<std::string>& listNames,
 std::string ProgramMenuDescription();
 extern const char kProgramMenuCaption[];  // "Prism&o"
 
-// Where the program's menu goes in a bar of `count` menus: after AOL's sixth
-// menu (or at the end of five), after the seventh when there are more than
-// six. -1 while the bar has fewer than five menus.
-int ProgramMenuPosition(int count);
-
 // One entry of a menu dump ("<level>\t<id>\t<caption>" lines).
 struct MenuEntry {
     int level = 0;
@@ -68,7 +63,13 @@ struct MenuEntry {
     std::string caption;
 };
 std::vector<MenuEntry> ParseMenuDump(const std::string& dump);
+// AOL's own menus in the bar: its captioned entries. A maximised document
+// window's system menu and buttons are pictures without a caption.
 int MenuBarCount(const std::vector<MenuEntry>& entries);
+// The bar position where the program's menu goes: after AOL's fifth or
+// sixth menu (its last), after the seventh when AOL has more than six; -1
+// while AOL has fewer than five menus.
+int ProgramMenuPosition(const std::vector<MenuEntry>& entries);
 // The bar position (5 to 19) of the first menu whose trimmed caption is
 // exactly "Prism&o"; -1 when none is.
 int ProgramMenuIndex(const std::vector<MenuEntry>& entries);

@@ -19,7 +19,7 @@ std::vector<MenuEntry> ReadMenus(HWND window)
 void AddMenuToAOL()
 {
     int position = -1;
-    while ((position = ProgramMenuPosition(MenuBarCount(ReadMenus(AOLWindow)))) < 0) {
+    while ((position = ProgramMenuPosition(ReadMenus(AOLWindow))) < 0) {
         if (!IsWindow(AOLWindow)) return;
         Pause(100);
     }

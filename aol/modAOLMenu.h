@@ -7,8 +7,9 @@
 
 #include <string>
 
-// Builds the program's menu and inserts it into AOL's menu bar, waiting
-// (servicing events) until the bar has at least five menus.
+// Builds the program's menu and inserts it into AOL's menu bar after AOL's
+// fifth, sixth or seventh menu, waiting (servicing events) until AOL has at
+// least five menus.
 void AddMenuToAOL();
 // Deletes the program's menu again; nothing happens when it is not there.
 void RemoveMenuFromAOL();

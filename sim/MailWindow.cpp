@@ -1,7 +1,7 @@
 // Mail windows: "Write Mail" ("Write e-mail" in Australia) with its address
 // and subject fields, body editor, formatting icons and the attach icon that
-// leads to the "Attachments" window and its file dialog; reply, forward and
-// other named windows.
+// leads to the "Attachments" window and its file dialog; replies and forwards
+// are the same compose window under their own caption; other named windows.
 #include "Sim.h"
 #include "resource.h"
 
@@ -213,22 +213,22 @@ void AttachmentsWindow::Open(WriteMail* mail) {
     LogEvent("open\tAttachments");
 }
 
-// Reply, forward and the other named windows: a field and a text area.
+// Any other named window (message boards, preferences...): a text area.
 class NamedWindow : public SimChild {
 public:
     const char* Kind() const override { return "window"; }
     void OnCreate(HWND window) override {
-        const bool isMail = caption.rfind("Re:", 0) == 0 || caption.rfind("Fwd:", 0) == 0;
-        if (isMail) field = MakeControl(window, "_AOL_EDIT", caption, WS_BORDER | ES_AUTOHSCROLL, 1);
         text = MakeControl(window, "RICHCNTL", "", WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_WANTRETURN, 2);
     }
-    void OnSize(int width, int height) override {
-        const int top = field ? 40 : 8;
-        if (field) MoveWindow(field, 8, 8, width - 16, 24, TRUE);
-        MoveWindow(text, 8, top, width - 16, height - top - 8, TRUE);
-    }
-    HWND field = nullptr, text = nullptr;
+    void OnSize(int width, int height) override { MoveWindow(text, 8, 8, width - 16, height - 16, TRUE); }
+    HWND text = nullptr;
 };
+
+// AOL answers and forwards a mail in a compose window like Write Mail's,
+// captioned with its subject ("Re: ..." or "Fwd: ...").
+bool IsReplyOrForward(const std::string& caption) {
+    return caption.rfind("Re:", 0) == 0 || caption.rfind("Fwd:", 0) == 0;
+}
 
 WriteMail* AsMail(SimChild* child) {
     return child && std::string(child->Kind()) == "mail" ? static_cast<WriteMail*>(child) : nullptr;
@@ -242,6 +242,13 @@ HWND OpenWriteMail() {
 
 HWND OpenNamedWindow(const std::string& caption) {
     if (caption == WriteMailCaption(Sim().config.edition)) return OpenWriteMail();
+    if (IsReplyOrForward(caption)) {
+        auto mail = std::make_unique<WriteMail>();
+        WriteMail* compose = mail.get();
+        HWND hwnd = OpenChild(std::move(mail), caption, 640, 420);
+        if (hwnd) SendMessageA(compose->edits[2], WM_SETTEXT, 0, (LPARAM)caption.c_str());
+        return hwnd;
+    }
     return OpenChild(std::make_unique<NamedWindow>(), caption, 480, 300);
 }
 

@@ -42,18 +42,37 @@ HMENU FindPopup(HMENU bar, const char* caption) {
     return nullptr;
 }
 
+// A maximised document window's system menu and buttons stand in the bar as
+// pictures without text; they are named by what they do.
+std::string PictureName(HMENU sub, UINT id) {
+    if (sub) return "(system menu)";
+    switch (id) {
+    case SC_MINIMIZE: return "(minimize)";
+    case SC_RESTORE: return "(restore)";
+    case SC_CLOSE: return "(close)";
+    }
+    return "(picture)";
+}
+
 void DescribeMenu(HMENU menu, const std::string& indent, std::vector<std::string>& lines) {
     const int count = GetMenuItemCount(menu);
     for (int i = 0; i < count; ++i) {
         char text[256] = "";
-        GetMenuStringA(menu, i, text, sizeof text, MF_BYPOSITION);
+        const int length = GetMenuStringA(menu, i, text, sizeof text, MF_BYPOSITION);
         HMENU sub = GetSubMenu(menu, i);
         const UINT state = GetMenuState(menu, i, MF_BYPOSITION);
         if (!sub && (state & MF_SEPARATOR)) {
             lines.push_back(indent + "-");
             continue;
         }
-        lines.push_back(indent + text + "\t" + (sub ? std::string("popup") : std::to_string(GetMenuItemID(menu, i))));
+        const UINT id = GetMenuItemID(menu, i);
+        MENUITEMINFOA info{};
+        info.cbSize = sizeof info;
+        info.fMask = MIIM_FTYPE | MIIM_BITMAP;
+        GetMenuItemInfoA(menu, i, TRUE, &info);
+        const bool picture = length == 0 && ((info.fType & MFT_BITMAP) || info.hbmpItem);
+        const std::string caption = picture ? PictureName(sub, id) : std::string(text);
+        lines.push_back(indent + caption + "\t" + (sub ? std::string("popup") : std::to_string(id)));
         if (sub) DescribeMenu(sub, indent + "\t", lines);
     }
 }

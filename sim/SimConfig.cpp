@@ -57,8 +57,9 @@ std::string NextArgument(const std::string& line, std::size_t& at) {
 int ParseMenuCount(const std::string& text) {
     if (text == "5") return 5;
     if (text == "6") return 6;
+    if (text == "7") return 7;
     if (text == "8") return 8;
-    throw std::invalid_argument("--menus takes 5, 6 or 8, not \"" + text + "\"");
+    throw std::invalid_argument("--menus takes 5, 6, 7 or 8, not \"" + text + "\"");
 }
 
 // The value of an option given as "--name VALUE" or "--name=VALUE".
@@ -250,10 +251,8 @@ SimMenuItem HelpMenu(const SimConfig& config) {
 std::vector<SimMenuItem> BuildMenuBar(const SimConfig& config, bool signedOn) {
     std::vector<SimMenuItem> bar{FileMenu(), EditMenu()};
     if (config.menuCount >= 6) bar.push_back(Popup("&Print", {Cmd("&Print...", 8199), Cmd("Print &Setup...", 8200)}));
-    if (config.menuCount >= 8) {
-        bar.push_back(Popup("&Mail", {Cmd("&Write Mail", 8300), Cmd("&Read Mail", 8301)}));
-        bar.push_back(Popup("&People", {Cmd("&Chat Now", 8310), Cmd("&Find a Chat", 8311)}));
-    }
+    if (config.menuCount >= 7) bar.push_back(Popup("&Mail", {Cmd("&Write Mail", 8300), Cmd("&Read Mail", 8301)}));
+    if (config.menuCount >= 8) bar.push_back(Popup("&People", {Cmd("&Chat Now", 8310), Cmd("&Find a Chat", 8311)}));
     bar.push_back(Popup("&Window", {Cmd("&Cascade", 8220), Cmd("&Tile", 8221), Cmd("Close &All", 8222)}));
     bar.push_back(SignOffMenu(config, signedOn));
     bar.push_back(HelpMenu(config));

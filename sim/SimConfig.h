@@ -11,7 +11,7 @@ enum class SimEdition { US, UK, Canada, Australia };
 struct SimConfig {
     int version = 4;                    // 3, 4 or 5 (fixed per build)
     SimEdition edition = SimEdition::US;
-    int menuCount = 5;                  // top-level menus: 5, 6 or 8
+    int menuCount = 5;                  // top-level menus: 5 to 8
     std::vector<std::string> screenNames{"Zun Tester", "Guest"};
     std::string selectedName;           // sign-on selection; empty: the first name
     bool signedOn = false;

@@ -169,6 +169,38 @@ bool Subclassed(const Args&, std::string& reply) {
     return true;
 }
 
+// The document window a command names: the top one of a kind ("room",
+// "mail", ...), or the top one of any kind without a name.
+SimChild* NamedChild(const Args& args, std::string& reply) {
+    if (args.size() < 2) {
+        std::vector<SimChild*> children = ChildrenInOrder();
+        if (children.empty()) reply = "no window is open";
+        return children.empty() ? nullptr : children.front();
+    }
+    SimChild* child = TopChild(args[1].c_str());
+    if (!child) reply = "no " + args[1] + " window is open";
+    return child;
+}
+
+// Maximises a document window as its maximise box does: the MDI client then
+// puts the window's system menu and its minimise, restore and close buttons
+// into the frame's menu bar and the window's caption into the frame's.
+bool Maximize(const Args& args, std::string& reply) {
+    SimChild* child = NamedChild(args, reply);
+    if (!child) return false;
+    SendMessageA(Sim().mdiClient, WM_MDIMAXIMIZE, (WPARAM)child->hwnd, 0);
+    return true;
+}
+
+// Gives the maximised document window its own frame again (its restore button).
+bool Restore(const Args&, std::string& reply) {
+    BOOL maximized = FALSE;
+    HWND active = (HWND)SendMessageA(Sim().mdiClient, WM_MDIGETACTIVE, 0, (LPARAM)&maximized);
+    if (!active || !maximized) return Fail(reply, "no window is maximised");
+    SendMessageA(Sim().mdiClient, WM_MDIRESTORE, (WPARAM)active, 0);
+    return true;
+}
+
 const std::map<std::string, Handler>& Commands() {
     static const std::map<std::string, Handler> commands{
         {"ping", [](const Args&, std::string& r) { r = "pong\n"; return true; }},
@@ -207,6 +239,8 @@ const std::map<std::string, Handler>& Commands() {
         {"menu", [](const Args&, std::string& r) { r = Join(DescribeMenuBar()); return true; }},
         {"caption", [](const Args&, std::string& r) { r = WindowText(Sim().frame) + "\n"; return true; }},
         {"windows", Windows},
+        {"maximize", Maximize},
+        {"restore", Restore},
         {"children", Children},
         {"subclassed", Subclassed},
         // Paints whatever is still to be painted before answering, so a

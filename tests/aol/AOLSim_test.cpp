@@ -197,8 +197,10 @@ TEST_F(AOLSim, TextToChatWithoutARoomTellsTheUserAndSendsNothing)
 
 TEST_F(AOLSim, MailWindowsAreRecognisedByTheirThreeMarks)
 {
-    Start("40", "--room Lobby --window \"Re: hello\"");
-    EXPECT_EQ(IsEMail(FindChildByTitle(AOLMDIClient, "Re:")), nullptr);
+    Start("40", "--room Lobby --window \"Re: hello\" --window \"Global Message Board Preferences\"");
+    HWND reply = FindChildByTitle(AOLMDIClient, "Re:");
+    EXPECT_EQ(IsEMail(reply), reply) << "a reply is written in a full compose window";
+    EXPECT_EQ(IsEMail(FindChildByTitle(AOLMDIClient, "Global Message")), nullptr);
     EXPECT_EQ(IsEMail(FindChatRoom(AOLMDIClient, "AOL Child")), nullptr);
     HWND mail = OpenEMail();
     ASSERT_NE(mail, nullptr);
@@ -382,6 +384,49 @@ TEST_F(AOLSim, ProgramMenuTakesItsPlaceAndRunsItsCommands)
     size_t count = 0;
     for (size_t at = 0; (at = text.find("command\t60001", at)) != std::string::npos; ++at) ++count;
     EXPECT_EQ(count, 2u);
+}
+
+// While a room is maximised the bar holds the room's system menu before
+// AOL's menus and its three buttons after them: the program's menu still
+// goes right after AOL's last (or seventh) menu, the buttons stay last, and
+// the edition is read from the same menus. (Restoring and removing: the
+// live test.)
+TEST_F(AOLSim, ProgramMenuAndEditionWithAMaximisedRoom)
+{
+    for (const Edition e : {Edition{"40", "uk", true, false, false}, Edition{"40", "ca", false, true, false}}) {
+        for (int menus : {5, 7, 8}) {
+            SCOPED_TRACE(std::string(e.edition) + " " + std::to_string(menus));
+            Start(e.version, std::string("--edition ") + e.edition + " --menus " + std::to_string(menus) +
+                                 " --room Lobby");
+            ASSERT_EQ(sim_.Ctl("maximize room"), "");
+            AOLVersion = "4";
+            DetectAOLEdition();
+            EXPECT_EQ(AOLEdition.UK, e.uk);
+            EXPECT_EQ(AOLEdition.Canada, e.canada);
+
+            AddMenuToAOL();
+            const std::vector<std::string> bar = BarMenus(sim_.Ctl("menu"));
+            ASSERT_EQ(bar.size(), static_cast<size_t>(menus + 5));
+            EXPECT_EQ(bar.front(), "(system menu)");
+            EXPECT_EQ(bar[menus == 8 ? 8 : menus + 1], "Prism&o");
+            EXPECT_EQ(std::vector<std::string>(bar.end() - 3, bar.end()),
+                      (std::vector<std::string>{"(minimize)", "(restore)", "(close)"}));
+            sim_.Stop();
+        }
+    }
+}
+
+TEST_F(AOLSim, AOL5SignOnIsReadFromTheMenusWithAMaximisedRoom)
+{
+    Start("50", "--signed-on \"Zun Tester\" --room Lobby");
+    ASSERT_EQ(sim_.Ctl("maximize room"), "");
+    GetAOLVersion();
+    ASSERT_EQ(AOLVersion, "5");
+    EXPECT_TRUE(IsAOLOnline(false));
+    sim_.Ctl("sign-off");  // closes the room
+    sim_.Ctl("open-room Lobby");
+    ASSERT_EQ(sim_.Ctl("maximize room"), "");
+    EXPECT_FALSE(IsAOLOnline(false));
 }
 
 class RichText : public ::testing::Test {

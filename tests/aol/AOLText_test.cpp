@@ -78,13 +78,28 @@ TEST(SessionFacts, AOLIsStartedFromAFolderWithBlanksAndTakesTheKeywordWhole)
               "\"C:\\America Online 4.0\\waol.exe\" -sPeople Connection");
 }
 
-TEST(AOLMenu, ProgramMenuGoesAfterTheSixthOrSeventhMenu)
+// A bar dump of `menus` AOL menus; with `maximised`, framed by a document
+// window's system menu and its three buttons as Windows adds them.
+std::string BarDump(int menus, bool maximised)
 {
-    EXPECT_EQ(ProgramMenuPosition(4), -1);
-    EXPECT_EQ(ProgramMenuPosition(5), 6);
-    EXPECT_EQ(ProgramMenuPosition(6), 6);
-    EXPECT_EQ(ProgramMenuPosition(7), 7);
-    EXPECT_EQ(ProgramMenuPosition(8), 7);
+    std::string dump = maximised ? "0\t-1\t\n1\t61728\t&Restore\n" : "";
+    for (int i = 0; i < menus; ++i) dump += "0\t-1\tMenu" + std::to_string(i + 1) + "\n";
+    if (maximised) dump += "0\t61472\t\n0\t61728\t\n0\t61536\t\n";
+    return dump;
+}
+
+TEST(AOLMenu, ProgramMenuGoesAfterAOLsLastSixthOrSeventhMenuMaximisedOrNot)
+{
+    // AOL's menus before ours: 5 -> 5, 6 -> 6, 7 -> 7, 8 -> 7.
+    const int before[] = {-1, 5, 6, 7, 7};
+    for (int menus = 4; menus <= 8; ++menus) {
+        const int expected = before[menus - 4];
+        EXPECT_EQ(ProgramMenuPosition(ParseMenuDump(BarDump(menus, false))), expected) << menus;
+        // The system menu shifts everything by one; the buttons stay behind us.
+        EXPECT_EQ(ProgramMenuPosition(ParseMenuDump(BarDump(menus, true))), expected < 0 ? -1 : expected + 1)
+            << menus << " maximised";
+        EXPECT_EQ(MenuBarCount(ParseMenuDump(BarDump(menus, true))), menus);
+    }
 }
 
 TEST(AOLMenu, DumpIsSearchedByCaptionIgnoringCaseButNotAmpersands)

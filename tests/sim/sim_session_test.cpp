@@ -96,6 +96,40 @@ TEST(SimSession, MenusPerVersionCountAndSignOn) {
     }
 }
 
+std::vector<std::string> BarOf(const std::vector<std::string>& menu) {
+    std::vector<std::string> bar;
+    for (const auto& line : menu)
+        if (!line.empty() && line[0] != '\t') bar.push_back(line.substr(0, line.find('\t')));
+    return bar;
+}
+
+// Seven menus add "&Mail" to six; a maximised room or mail puts its system
+// menu in front of the bar and its three buttons behind it, as Windows' MDI
+// does, and its caption into the frame's; restoring takes them back.
+TEST(SimSession, SevenMenusAndAMaximisedWindowInTheBar) {
+    SimAOL sim(4, {"--menus", "7", "--room", "Lobby", "--mail"});
+    const std::vector<std::string> seven{"&File", "&Edit", "&Print", "&Mail", "&Window", "&Sign Off", "&Help"};
+    EXPECT_EQ(BarOf(CtlLines({"menu"})), seven);
+    for (const char* kind : {"room", "mail"}) {
+        SCOPED_TRACE(kind);
+        ASSERT_EQ(Ctl({"maximize", kind}).status, 0);
+        std::vector<std::string> bar = BarOf(CtlLines({"menu"}));
+        ASSERT_EQ(bar.size(), seven.size() + 4);
+        EXPECT_EQ(bar.front(), "(system menu)");
+        EXPECT_EQ(std::vector<std::string>(bar.begin() + 1, bar.end() - 3), seven);
+        EXPECT_EQ(std::vector<std::string>(bar.end() - 3, bar.end()),
+                  (std::vector<std::string>{"(minimize)", "(restore)", "(close)"}));
+        EXPECT_EQ(FrameCaption(sim.Frame()),
+                  std::string("America Online - [") + (std::string(kind) == "room" ? "Lobby" : "Write Mail") + "]");
+        EXPECT_NE(FindChatRoom(sim.Mdi()), nullptr) << "a maximised room is still a room";
+        ASSERT_EQ(Ctl({"restore"}).status, 0);
+        EXPECT_EQ(BarOf(CtlLines({"menu"})), seven);
+        EXPECT_EQ(FrameCaption(sim.Frame()), "America Online");
+    }
+    EXPECT_NE(Ctl({"restore"}).status, 0) << "nothing is maximised";
+    EXPECT_NE(Ctl({"maximize", "window"}).status, 0) << "no such window is open";
+}
+
 TEST(SimSession, SignOnListReadsFromAnotherProcess) {
     SimAOL sim(4, {"--screen-names", "Alpha,Beta Two,Guest,Gamma", "--select", "Beta Two"});
     HWND signOn = ChildByCaption(sim.Mdi(), "Sign On");
@@ -234,7 +268,7 @@ TEST(SimSession, CloseExitCommandAndKill) {
 
 TEST(SimSession, BadCommandLinesAreRefused) {
     EXPECT_THROW(ParseSimArgs({"--edition", "fr"}, 4), std::invalid_argument);
-    EXPECT_THROW(ParseSimArgs({"--menus", "7"}, 4), std::invalid_argument);
+    EXPECT_THROW(ParseSimArgs({"--menus", "9"}, 4), std::invalid_argument);
     EXPECT_THROW(ParseSimArgs({"--log"}, 4), std::invalid_argument);
     EXPECT_THROW(ParseSimArgs({"--bogus"}, 4), std::invalid_argument);
     const SimConfig config = ParseSimArgs({"--screen-names= A , B ,Guest", "-sWelcome", "--menus=8"}, 5);
