@@ -208,9 +208,9 @@ void Main(const std::string& commandLine)
     LoadSettingsAndSchemes();
     AddMenuToAOL();
     TheChatSession().Start();
-    frmChatTools& panel = ChatTools();
-    panel.Load();
-    panel.ShowPanel();
+    // The panel is ready but stays hidden: the watcher shows it beside a
+    // chat room, and the user shows it from the menu.
+    ChatTools().Load();
 }
 
 // The program lives in its forms; it ends when the last one is unloaded.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <set>
 
+#include "ChatText.h"
 #include "SimHarness.h"
 #include "WineRegistry.h"
 #include "resource.h"
@@ -77,6 +78,29 @@ std::string FullPath(const std::string& folder)
     return full;
 }
 
+// Asks the program's chat session how often its watcher has looked at AOL.
+// The session answers only from the program's message loop, so an answer
+// also says that start-up has run to its end.
+long WatcherTicks(DWORD pid)
+{
+    HWND session = nullptr;
+    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(session, &owner);
+        if (owner == pid) return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
+    }
+    return -1;
+}
+
+// The program's control panel once start-up has finished: loaded, shown or not.
+HWND PanelAfterStart(DWORD pid, DWORD ms = 60000)
+{
+    HWND panel = nullptr;
+    PumpUntil([&] { return (panel = WindowWithChild(pid, IDC_CT_PREVIEW, false)) != nullptr && WatcherTicks(pid) >= 0; },
+              ms);
+    return panel;
+}
+
 class StartupTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -135,10 +159,12 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     PumpUntil(
         [&] {
             if (HWND loading = WindowWithChild(pid, IDC_LD_BAR)) steps.insert(WindowText(GetDlgItem(loading, IDC_LD_BAR)));
-            return (panel = WindowWithChild(pid, IDC_CT_PREVIEW)) != nullptr;
+            return (panel = WindowWithChild(pid, IDC_CT_PREVIEW, false)) != nullptr;
         },
         60000);
-    ASSERT_TRUE(panel) << "the control panel never showed";
+    ASSERT_TRUE(panel) << "the control panel never loaded";
+    ASSERT_EQ(PanelAfterStart(pid), panel);
+    EXPECT_FALSE(IsWindowVisible(panel)) << "without a chat room the panel waits hidden";
     for (const char* step : {"Starting America Online", "AOL Version 4.0 US Determined", "Master Screen Name: Zun Tester",
                              "Loading User Settings", "Loading Prismo"})
         EXPECT_EQ(steps.count(step), 1u) << step;
@@ -161,6 +187,44 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     Answer(box);
     EXPECT_EQ(second.Wait(10000), 0);
     EXPECT_TRUE(IsWindow(panel));
+}
+
+// Any close request on the panel only hides it: the program goes on, and its
+// menu in AOL still answers.
+TEST_F(StartupTest, ThePanelStartsHiddenAndClosingItOnlyHidesIt)
+{
+    TestEnv::RawSet("", "AOL Path", REG_SZ, FullPath(SimFolder() + "aol40") + std::string(1, '\0'));
+    SimAOL aol;
+    ASSERT_TRUE(aol.Start("40", "--signed-on \"Zun Tester\""));
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    HWND panel = PanelAfterStart(prismo.Id());
+    ASSERT_TRUE(panel) << "the control panel never loaded";
+    EXPECT_FALSE(IsWindowVisible(panel));
+
+    auto showFromMenu = [&] {
+        PostMessageA(aol.Frame(), WM_COMMAND, 60000, 0);  // Prism&o, Control Panel
+        return PumpUntil([&] { return IsWindowVisible(panel) != 0; }, 10000);
+    };
+    struct Close {
+        const char* name;
+        UINT msg;
+        WPARAM wp;
+        LPARAM lp;
+    };
+    const Close closes[] = {{"Alt+F4", WM_SYSKEYDOWN, VK_F4, 1 << 29},
+                            {"system menu Close", WM_SYSCOMMAND, SC_CLOSE, 0},
+                            {"WM_CLOSE", WM_CLOSE, 0, 0}};
+    for (const Close& close : closes) {
+        ASSERT_TRUE(showFromMenu()) << close.name << ": the menu did not show the panel";
+        PostMessageA(panel, close.msg, close.wp, close.lp);
+        EXPECT_TRUE(PumpUntil([&] { return !IsWindowVisible(panel); }, 10000)) << close.name;
+        // The session still answers, so the program has had the request in hand.
+        EXPECT_GE(WatcherTicks(prismo.Id()), 0) << close.name;
+        EXPECT_TRUE(IsWindow(panel)) << close.name << ": the panel stays loaded";
+        EXPECT_EQ(prismo.Wait(0), -1) << close.name << ": the program goes on";
+        EXPECT_NE(aol.Ctl("menu").find("Prism&o"), std::string::npos) << close.name;
+    }
+    ASSERT_TRUE(showFromMenu()) << "the menu works after the last close";
 }
 
 TEST_F(StartupTest, WindowsNTIsRefused)
