@@ -2,15 +2,19 @@
 // start that asks for AOL's folder and starts AOL, the second start, and the
 // refusals of Windows NT, AOL 3.0 and a missing hook library.
 #include <windows.h>
+#include <psapi.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdio>
 #include <set>
 
 #include "ChatText.h"
 #include "SimHarness.h"
 #include "WineRegistry.h"
+#include "modFileOp.h"
 #include "resource.h"
 
 namespace {
@@ -99,6 +103,39 @@ HWND PanelAfterStart(DWORD pid, DWORD ms = 60000)
     PumpUntil([&] { return (panel = WindowWithChild(pid, IDC_CT_PREVIEW, false)) != nullptr && WatcherTicks(pid) >= 0; },
               ms);
     return panel;
+}
+
+// The most memory the process has held so far (its peak private bytes).
+SIZE_T PeakMemory(DWORD pid)
+{
+    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, pid);
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    const bool got = process && GetProcessMemoryInfo(process, &counters, sizeof counters);
+    if (process) CloseHandle(process);
+    return got ? counters.PeakPagefileUsage : 0;
+}
+
+// Writes a scheme file of about `megabytes` MB: a scheme's values, then lines
+// of a few kilobytes and blocks of binary noise, a piece at a time.
+void PutHugeSchemeFile(const std::string& path, int megabytes)
+{
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE) << path;
+    std::string piece = "[Options]\r\nFadeNumber=2\r\n[Colors]\r\nOne=255\r\nTwo=65280\r\n";
+    std::uint32_t seed = 7;
+    DWORD written = 0;
+    for (long total = 0; total < megabytes * 1048576L;) {
+        piece += "Three=" + std::string(3000 + total % 2000, '3') + "\r\n";
+        for (int i = 0; i < 60000; ++i) {
+            seed = seed * 1664525u + 1013904223u;
+            piece.push_back(static_cast<char>(seed >> 24));
+        }
+        if (!WriteFile(file, piece.data(), static_cast<DWORD>(piece.size()), &written, nullptr) || written == 0) break;
+        total += static_cast<long>(written);
+        piece.clear();
+    }
+    CloseHandle(file);
 }
 
 class StartupTest : public ::testing::Test {
@@ -225,6 +262,52 @@ TEST_F(StartupTest, ThePanelStartsHiddenAndClosingItOnlyHidesIt)
         EXPECT_NE(aol.Ctl("menu").find("Prism&o"), std::string::npos) << close.name;
     }
     ASSERT_TRUE(showFromMenu()) << "the menu works after the last close";
+}
+
+// A huge and a binary scheme file arriving through AOL's download folder:
+// start-up goes through, holds little more memory, and consumes both files.
+TEST_F(StartupTest, HugeAndBinarySchemeFilesInTheDownloadFolderAreTakenInAndRemoved)
+{
+    const std::string aolFolder = FullPath(SimFolder() + "aol40");
+    const std::string download = aolFolder + "\\download\\";
+    const std::string incoming = FullPath(TestFolder() + "..\\..\\app\\incoming") + "\\";
+    TestEnv::RawSet("", "AOL Path", REG_SZ, aolFolder + std::string(1, '\0'));
+    CreateDirectoryA(download.c_str(), nullptr);
+    // One start, until start-up has finished; its peak memory, and the
+    // scheme files left in the two folders.
+    auto start = [&](SIZE_T& peak) {
+        SimAOL aol;
+        ASSERT_TRUE(aol.Start("40", "--signed-on \"Zun Tester\""));
+        ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+        ASSERT_TRUE(PanelAfterStart(prismo.Id())) << "start-up did not finish";
+        EXPECT_FALSE(WindowWithChild(prismo.Id(), IDC_MSG_AREA)) << "no message at start-up";
+        peak = PeakMemory(prismo.Id());
+        prismo.Kill();
+        aol.Stop();
+    };
+    SIZE_T plain = 0, withFiles = 0, again = 0;
+    start(plain);
+    PutHugeSchemeFile(download + "Huge.fde", 50);
+    {
+        std::string noise(1048576, '\0');
+        std::uint32_t seed = 11;
+        for (char& b : noise) b = static_cast<char>((seed = seed * 1664525u + 1013904223u) >> 24);
+        TestEnv::PutFile(download + "Binary.fde", noise);
+    }
+    start(withFiles);
+    std::printf("peak memory of a start: %lu KB plain, %lu KB with the two files\n",
+                static_cast<unsigned long>(plain / 1024), static_cast<unsigned long>(withFiles / 1024));
+    ASSERT_GT(plain, 0u);
+    EXPECT_LT(withFiles, plain + 16 * 1048576) << "the files were held in memory";
+    EXPECT_FALSE(FileExists(download + "Huge.fde"));
+    EXPECT_FALSE(FileExists(download + "Binary.fde"));
+    EXPECT_FALSE(FileExists(incoming + "Huge.fde"));
+    EXPECT_FALSE(FileExists(incoming + "Binary.fde"));
+    DWORD type;
+    std::string stored;
+    ASSERT_TRUE(TestEnv::RawGet("Schemes\\Huge", "One", type, stored));
+    EXPECT_EQ(std::string(stored.c_str()), "255");
+    start(again);  // the second start finds nothing left over
 }
 
 TEST_F(StartupTest, WindowsNTIsRefused)
