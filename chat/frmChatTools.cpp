@@ -444,6 +444,9 @@ void frmChatTools::cmdSave_Click()
 void frmChatTools::cmdDel_Click()
 {
     const std::string name = SchemeText();
+    // With no scheme selected there is nothing to delete; an empty name
+    // would name the key that holds every scheme.
+    if (name.empty()) return;
     if (AskMsg("Are you sure you want to delete the scheme ~B~CB" + name + "~B~CN from your scheme queue?", 68) !=
         IDYES)
         return;

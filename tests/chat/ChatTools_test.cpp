@@ -235,6 +235,17 @@ TEST_F(ChatToolsTest, DeleteRemovesTheKeyAndLoadsTheFirstScheme)
     EXPECT_EQ(Stored("Colors", "Fade Number"), Stored("Schemes\\" + entries.front(), "Fade Number"));
 }
 
+TEST_F(ChatToolsTest, DeleteWithNoSchemeSelectedDeletesNothing)
+{
+    const auto before = ListEntries(panel().cboSchemes);
+    SendMessageA(panel().cboSchemes, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    Answerer yes(AnswerMessage("Yes"));  // should it ask at all
+    ClickAndSettle(panel().cmdDel.hwnd());
+    EXPECT_FALSE(yes.Done()) << "nothing to ask about";
+    EXPECT_TRUE(TestEnv::SectionExists("Schemes\\Ocean"));
+    EXPECT_EQ(ListEntries(panel().cboSchemes), before);
+}
+
 TEST_F(ChatToolsTest, BoldTwiceLeavesEverythingAsItWas)
 {
     const bool bold = Options.Bold;
