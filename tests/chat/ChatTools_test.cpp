@@ -246,6 +246,16 @@ TEST_F(ChatToolsTest, DeleteWithNoSchemeSelectedDeletesNothing)
     EXPECT_EQ(ListEntries(panel().cboSchemes), before);
 }
 
+TEST_F(ChatToolsTest, AFadeNumberBeyondSixteenBitsKeepsThePreviousOne)
+{
+    ClickAndSettle(panel().optFade[2].hwnd());
+    TestEnv::RawSet("Schemes\\Ocean", "Fade Number", REG_SZ, std::string("70000", 6));
+    ChooseScheme(panel(), "Ocean");
+    EXPECT_EQ(panel().PanelFadeNumber, 3);
+    EXPECT_EQ(Options.FadeNumber, 3);
+    EXPECT_EQ(Stored("Colors", "Fade Number"), "3");
+}
+
 TEST_F(ChatToolsTest, BoldTwiceLeavesEverythingAsItWas)
 {
     const bool bold = Options.Bold;
