@@ -16,7 +16,7 @@ struct RuntimeError : std::runtime_error {
 
 // Run-time error numbers the program's handlers know by number.
 namespace Err {
-constexpr int AccessDenied = 5, TypeMismatch = 13, BadFileNameOrNumber = 52, FileNotFound = 53,
+constexpr int Overflow = 6, AccessDenied = 5, TypeMismatch = 13, BadFileNameOrNumber = 52, FileNotFound = 53,
               DeviceIO = 57, FileExists = 58, DiskFull = 61, PermissionDenied = 70, DiskNotReady = 71,
               PathFileAccess = 75, PathNotFound = 76;
 }

@@ -213,16 +213,27 @@ void Main(const std::string& commandLine)
     LoadSettingsAndSchemes();
     AddMenuToAOL();
     TheChatSession().Start();
-    frmChatTools& panel = ChatTools();
-    panel.Load();
-    panel.ShowPanel();
+    // The panel is ready but stays hidden: the watcher shows it beside a
+    // chat room, and the user shows it from the menu.
+    ChatTools().Load();
 }
 
 // The program lives in its forms; it ends when the last one is unloaded.
+// An error no step caught (say, memory running out while a file is read) is
+// shown in the common error report instead of ending the program unseen; its
+// Abort takes the program out of AOL.
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
 {
-    Main(commandLine ? commandLine : "");
-    WaitUntil([] { return LoadedForms().empty(); });
-    TheChatSession().Stop();
+    try {
+        Main(commandLine ? commandLine : "");
+    } catch (...) {
+        ReportCaughtError("modPrismo", "Main");
+    }
+    try {
+        WaitUntil([] { return LoadedForms().empty(); });
+        TheChatSession().Stop();
+    } catch (...) {
+        ReportCaughtError("modPrismo", "WinMain");
+    }
     return 0;
 }

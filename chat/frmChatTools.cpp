@@ -272,8 +272,16 @@ void frmChatTools::cboSchemes_Click()
         if (!n) throw RuntimeError(Err::TypeMismatch, "Type mismatch");
         return *n;
     };
+    // The fade number is a 16-bit number: one out of that range keeps the
+    // previous one instead of wrapping round ("70000" is no 4464).
+    auto fadeNumber = [&number](const std::string& text) {
+        const long n = number(text);
+        const auto small = ToInteger(std::to_string(n));
+        if (!small) throw RuntimeError(Err::Overflow, "Overflow");
+        return *small;
+    };
     ErrorTrap::Ignoring([&] {
-        PanelFadeNumber = static_cast<std::int16_t>(number(ReadSetting(section, ValueName::FadeNumber)));
+        PanelFadeNumber = fadeNumber(ReadSetting(section, ValueName::FadeNumber));
         Options.FadeNumber = PanelFadeNumber;
     });
     ErrorTrap::Ignoring([&] {
@@ -444,6 +452,9 @@ void frmChatTools::cmdSave_Click()
 void frmChatTools::cmdDel_Click()
 {
     const std::string name = SchemeText();
+    // With no scheme selected there is nothing to delete; an empty name
+    // would name the key that holds every scheme.
+    if (name.empty()) return;
     if (AskMsg("Are you sure you want to delete the scheme ~B~CB" + name + "~B~CN from your scheme queue?", 68) !=
         IDYES)
         return;

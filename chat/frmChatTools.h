@@ -88,6 +88,8 @@ public:
 protected:
     void OnLoad() override;
     void OnUnload() override;
+    // The panel only hides: closing it must not end the program under AOL's menu.
+    void OnClose() override { HidePanel(); }
     void OnCommand(int id, int code, HWND control) override;
 
 private:

@@ -5,6 +5,9 @@
 #include "Catalog.h"
 #include "ErrorTrap.h"
 #include "Schemes.h"
+#include "KernelHandle.h"
+#include "SchemeText.h"
+#include "Win32Error.h"
 #include "modFileOp.h"
 #include "modRegKeys.h"
 
@@ -19,17 +22,28 @@ constexpr char kSchemePattern[] = "*.fde";
 // with errors ignored; false stops the import (the trap's Abort).
 using StepRunner = std::function<bool(const std::function<void()>&)>;
 
+// Passes each line of the file to `line`, reading a piece at a time, so a
+// file of any size or content holds no more than a piece and a line.
+void ReadSchemeLines(const std::string& path, const std::function<void(const std::string&)>& line)
+{
+    KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.Valid()) RaiseLastError();
+    SchemeLineSplitter splitter;
+    char piece[16384];
+    DWORD read = 0;
+    while (::ReadFile(file.Get(), piece, sizeof piece, &read, nullptr) && read > 0) splitter.Add(piece, read, line);
+    splitter.Finish(line);
+}
+
 // Imports one file into "Schemes\" + name, step by step: make sure the file
-// exists, read it, store its lines. Values the file does not hold stay.
+// exists, then store its lines as they are read. Values the file does not
+// hold stay.
 void ImportSchemeFile(const std::string& path, const std::string& name, const StepRunner& run)
 {
-    std::string contents;
     if (!run([&] { TouchFile(path); })) return;
-    if (!run([&] { contents = ReadFile(path); })) return;
     const std::string section = SchemeSection(name);
-    run([&] {
-        for (const std::string& line : SplitSchemeLines(contents)) ParseSchemeLine(Registry(), section, line);
-    });
+    run([&] { ReadSchemeLines(path, [&](const std::string& line) { ParseSchemeLine(Registry(), section, line); }); });
 }
 
 bool IgnoreErrors(const std::function<void()>& step)
@@ -74,6 +88,7 @@ void MoveSchemeFiles(const std::string& sourceFolder)
 {
     const std::string incoming = IncomingFolder();
     for (const std::string& file : FileNames(sourceFolder + kSchemePattern)) {
+        if (!IsSchemeFileName(file)) continue;
         // A file that could not be copied is left in place, not lost.
         if (ErrorTrap::Ignoring([&] { FileCopy(sourceFolder + file, incoming + file); }))
             ErrorTrap::Ignoring([&] { Kill(sourceFolder + file); });
@@ -93,6 +108,7 @@ void UpdateFadeSchemes(const std::string& folder, const SchemeStatus& status)
     // over instead of being imported again and again.
     const std::string extension = kSchemeExtension;
     for (const std::string& file : FileNames(folder + kSchemePattern)) {
+        if (!IsSchemeFileName(file)) continue;
         const std::string name = file.size() > extension.size() ? file.substr(0, file.size() - extension.size()) : "";
         // A file called just ".fde" names no scheme; importing it would write
         // into the "Schemes" key itself.

@@ -54,16 +54,18 @@ std::optional<SchemeLineValue> ParseSchemeText(const std::string& line)
 std::vector<std::string> SplitSchemeLines(const std::string& contents)
 {
     std::vector<std::string> lines;
-    std::size_t at = 0;
-    while (at < contents.size()) {
-        std::size_t end = contents.find_first_of("\r\n", at);
-        if (end == std::string::npos) end = contents.size();
-        lines.push_back(contents.substr(at, end - at));
-        // A CR LF pair ends one line, not two.
-        at = end + 1;
-        if (end < contents.size() && contents[end] == '\r' && at < contents.size() && contents[at] == '\n') ++at;
-    }
+    auto keep = [&lines](const std::string& line) { lines.push_back(line); };
+    SchemeLineSplitter splitter;
+    splitter.Add(contents.data(), contents.size(), keep);
+    splitter.Finish(keep);
     return lines;
+}
+
+bool IsSchemeFileName(const std::string& fileName)
+{
+    const std::string extension = ".fde";
+    return fileName.size() >= extension.size() &&
+           Lower(fileName.substr(fileName.size() - extension.size())) == extension;
 }
 
 std::string FormatSchemeFile(const SchemeTexts& s)

@@ -2,6 +2,7 @@
 // registry value and writing a whole file. Knows nothing of the registry.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,8 +21,63 @@ struct SchemeLineValue {
 std::optional<SchemeLineValue> ParseSchemeText(const std::string& line);
 
 // The lines of a file's text: CR LF, a lone CR and a lone LF each end one
-// line; a last line without an ending still counts.
+// line; a last line without an ending still counts; a line longer than
+// kSchemeLineLimit is left out.
 std::vector<std::string> SplitSchemeLines(const std::string& contents);
+
+// The longest line a scheme file is read with; a longer line is passed over
+// whole, as no scheme value is that long (a cut one would be a wrong value).
+// A huge or binary file so costs no more memory than this while it is read.
+inline constexpr std::size_t kSchemeLineLimit = 1024;
+
+// Cuts a scheme file into lines as SplitSchemeLines does, from pieces of any
+// size as they are read, holding at most kSchemeLineLimit bytes of a line.
+class SchemeLineSplitter {
+public:
+    // Adds the next piece of the file; `line` gets each line it completes.
+    template <class OnLine>
+    void Add(const char* data, std::size_t size, OnLine&& line)
+    {
+        for (std::size_t i = 0; i < size; ++i) {
+            const char c = data[i];
+            const bool pairedLF = c == '\n' && afterCR_;
+            afterCR_ = c == '\r';
+            if (pairedLF) continue;  // a CR LF pair ends one line, not two
+            if (c == '\r' || c == '\n') {
+                End(line);
+            } else {
+                open_ = true;
+                if (line_.size() < kSchemeLineLimit) line_.push_back(c);
+                else tooLong_ = true;
+            }
+        }
+    }
+    // At the end of the file: the last line, when it had no ending.
+    template <class OnLine>
+    void Finish(OnLine&& line)
+    {
+        if (open_) End(line);
+        afterCR_ = false;
+    }
+
+private:
+    template <class OnLine>
+    void End(OnLine& line)
+    {
+        if (!tooLong_) line(static_cast<const std::string&>(line_));
+        line_.clear();
+        open_ = tooLong_ = false;
+    }
+
+    std::string line_;
+    bool open_ = false;     // a line has begun and not ended
+    bool afterCR_ = false;  // the last byte was a CR
+    bool tooLong_ = false;  // the line has outgrown the limit
+};
+
+// True for a file name whose long name ends in ".fde" in any case. A FAT
+// search for "*.fde" also finds "x.fdex" through its short name "X~1.FDE".
+bool IsSchemeFileName(const std::string& fileName);
 
 // A stored scheme as its registry texts, as read (empty when missing).
 struct SchemeTexts {

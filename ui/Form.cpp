@@ -171,7 +171,7 @@ bool Form::Dispatch(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result)
         OnCommand(LOWORD(wp), HIWORD(wp), reinterpret_cast<HWND>(lp));
         return true;
     case WM_CLOSE:
-        Unload();
+        OnClose();
         return true;
     case WM_ERASEBKGND: {
         RECT r;

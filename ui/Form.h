@@ -72,6 +72,8 @@ protected:
     virtual void OnLoad() {}
     virtual void OnCommand(int /*id*/, int /*code*/, HWND /*control*/) {}
     virtual bool OnQueryUnload() { return true; }  // false refuses the unload
+    // A close request (close box, Alt+F4, WM_CLOSE); a form that only hides overrides it.
+    virtual void OnClose() { Unload(); }
     virtual void OnUnload() {}
     // Any other message; return true with `result` set to handle it.
     virtual bool OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }

@@ -2,14 +2,19 @@
 // start that asks for AOL's folder and starts AOL, the second start, and the
 // refusals of Windows NT, AOL 3.0 and a missing hook library.
 #include <windows.h>
+#include <psapi.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdio>
 #include <set>
 
+#include "ChatText.h"
 #include "SimHarness.h"
 #include "WineRegistry.h"
+#include "modFileOp.h"
 #include "resource.h"
 
 namespace {
@@ -77,6 +82,62 @@ std::string FullPath(const std::string& folder)
     return full;
 }
 
+// Asks the program's chat session how often its watcher has looked at AOL.
+// The session answers only from the program's message loop, so an answer
+// also says that start-up has run to its end.
+long WatcherTicks(DWORD pid)
+{
+    HWND session = nullptr;
+    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(session, &owner);
+        if (owner == pid) return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
+    }
+    return -1;
+}
+
+// The program's control panel once start-up has finished: loaded, shown or not.
+HWND PanelAfterStart(DWORD pid, DWORD ms = 60000)
+{
+    HWND panel = nullptr;
+    PumpUntil([&] { return (panel = WindowWithChild(pid, IDC_CT_PREVIEW, false)) != nullptr && WatcherTicks(pid) >= 0; },
+              ms);
+    return panel;
+}
+
+// The most memory the process has held so far (its peak private bytes).
+SIZE_T PeakMemory(DWORD pid)
+{
+    HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, pid);
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    const bool got = process && GetProcessMemoryInfo(process, &counters, sizeof counters);
+    if (process) CloseHandle(process);
+    return got ? counters.PeakPagefileUsage : 0;
+}
+
+// Writes a scheme file of about `megabytes` MB: a scheme's values, then lines
+// of a few kilobytes and blocks of binary noise, a piece at a time.
+void PutHugeSchemeFile(const std::string& path, int megabytes)
+{
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE) << path;
+    std::string piece = "[Options]\r\nFadeNumber=2\r\n[Colors]\r\nOne=255\r\nTwo=65280\r\n";
+    std::uint32_t seed = 7;
+    DWORD written = 0;
+    for (long total = 0; total < megabytes * 1048576L;) {
+        piece += "Three=" + std::string(3000 + total % 2000, '3') + "\r\n";
+        for (int i = 0; i < 60000; ++i) {
+            seed = seed * 1664525u + 1013904223u;
+            piece.push_back(static_cast<char>(seed >> 24));
+        }
+        if (!WriteFile(file, piece.data(), static_cast<DWORD>(piece.size()), &written, nullptr) || written == 0) break;
+        total += static_cast<long>(written);
+        piece.clear();
+    }
+    CloseHandle(file);
+}
+
 class StartupTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -135,10 +196,12 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     PumpUntil(
         [&] {
             if (HWND loading = WindowWithChild(pid, IDC_LD_BAR)) steps.insert(WindowText(GetDlgItem(loading, IDC_LD_BAR)));
-            return (panel = WindowWithChild(pid, IDC_CT_PREVIEW)) != nullptr;
+            return (panel = WindowWithChild(pid, IDC_CT_PREVIEW, false)) != nullptr;
         },
         60000);
-    ASSERT_TRUE(panel) << "the control panel never showed";
+    ASSERT_TRUE(panel) << "the control panel never loaded";
+    ASSERT_EQ(PanelAfterStart(pid), panel);
+    EXPECT_FALSE(IsWindowVisible(panel)) << "without a chat room the panel waits hidden";
     for (const char* step : {"Starting America Online", "AOL Version 4.0 US Determined", "Master Screen Name: Zun Tester",
                              "Loading User Settings", "Loading Prismo"})
         EXPECT_EQ(steps.count(step), 1u) << step;
@@ -161,6 +224,90 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     Answer(box);
     EXPECT_EQ(second.Wait(10000), 0);
     EXPECT_TRUE(IsWindow(panel));
+}
+
+// Any close request on the panel only hides it: the program goes on, and its
+// menu in AOL still answers.
+TEST_F(StartupTest, ThePanelStartsHiddenAndClosingItOnlyHidesIt)
+{
+    TestEnv::RawSet("", "AOL Path", REG_SZ, FullPath(SimFolder() + "aol40") + std::string(1, '\0'));
+    SimAOL aol;
+    ASSERT_TRUE(aol.Start("40", "--signed-on \"Zun Tester\""));
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    HWND panel = PanelAfterStart(prismo.Id());
+    ASSERT_TRUE(panel) << "the control panel never loaded";
+    EXPECT_FALSE(IsWindowVisible(panel));
+
+    auto showFromMenu = [&] {
+        PostMessageA(aol.Frame(), WM_COMMAND, 60000, 0);  // Prism&o, Control Panel
+        return PumpUntil([&] { return IsWindowVisible(panel) != 0; }, 10000);
+    };
+    struct Close {
+        const char* name;
+        UINT msg;
+        WPARAM wp;
+        LPARAM lp;
+    };
+    const Close closes[] = {{"Alt+F4", WM_SYSKEYDOWN, VK_F4, 1 << 29},
+                            {"system menu Close", WM_SYSCOMMAND, SC_CLOSE, 0},
+                            {"WM_CLOSE", WM_CLOSE, 0, 0}};
+    for (const Close& close : closes) {
+        ASSERT_TRUE(showFromMenu()) << close.name << ": the menu did not show the panel";
+        PostMessageA(panel, close.msg, close.wp, close.lp);
+        EXPECT_TRUE(PumpUntil([&] { return !IsWindowVisible(panel); }, 10000)) << close.name;
+        // The session still answers, so the program has had the request in hand.
+        EXPECT_GE(WatcherTicks(prismo.Id()), 0) << close.name;
+        EXPECT_TRUE(IsWindow(panel)) << close.name << ": the panel stays loaded";
+        EXPECT_EQ(prismo.Wait(0), -1) << close.name << ": the program goes on";
+        EXPECT_NE(aol.Ctl("menu").find("Prism&o"), std::string::npos) << close.name;
+    }
+    ASSERT_TRUE(showFromMenu()) << "the menu works after the last close";
+}
+
+// A huge and a binary scheme file arriving through AOL's download folder:
+// start-up goes through, holds little more memory, and consumes both files.
+TEST_F(StartupTest, HugeAndBinarySchemeFilesInTheDownloadFolderAreTakenInAndRemoved)
+{
+    const std::string aolFolder = FullPath(SimFolder() + "aol40");
+    const std::string download = aolFolder + "\\download\\";
+    const std::string incoming = FullPath(TestFolder() + "..\\..\\app\\incoming") + "\\";
+    TestEnv::RawSet("", "AOL Path", REG_SZ, aolFolder + std::string(1, '\0'));
+    CreateDirectoryA(download.c_str(), nullptr);
+    // One start, until start-up has finished; its peak memory, and the
+    // scheme files left in the two folders.
+    auto start = [&](SIZE_T& peak) {
+        SimAOL aol;
+        ASSERT_TRUE(aol.Start("40", "--signed-on \"Zun Tester\""));
+        ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+        ASSERT_TRUE(PanelAfterStart(prismo.Id())) << "start-up did not finish";
+        EXPECT_FALSE(WindowWithChild(prismo.Id(), IDC_MSG_AREA)) << "no message at start-up";
+        peak = PeakMemory(prismo.Id());
+        prismo.Kill();
+        aol.Stop();
+    };
+    SIZE_T plain = 0, withFiles = 0, again = 0;
+    start(plain);
+    PutHugeSchemeFile(download + "Huge.fde", 50);
+    {
+        std::string noise(1048576, '\0');
+        std::uint32_t seed = 11;
+        for (char& b : noise) b = static_cast<char>((seed = seed * 1664525u + 1013904223u) >> 24);
+        TestEnv::PutFile(download + "Binary.fde", noise);
+    }
+    start(withFiles);
+    std::printf("peak memory of a start: %lu KB plain, %lu KB with the two files\n",
+                static_cast<unsigned long>(plain / 1024), static_cast<unsigned long>(withFiles / 1024));
+    ASSERT_GT(plain, 0u);
+    EXPECT_LT(withFiles, plain + 16 * 1048576) << "the files were held in memory";
+    EXPECT_FALSE(FileExists(download + "Huge.fde"));
+    EXPECT_FALSE(FileExists(download + "Binary.fde"));
+    EXPECT_FALSE(FileExists(incoming + "Huge.fde"));
+    EXPECT_FALSE(FileExists(incoming + "Binary.fde"));
+    DWORD type;
+    std::string stored;
+    ASSERT_TRUE(TestEnv::RawGet("Schemes\\Huge", "One", type, stored));
+    EXPECT_EQ(std::string(stored.c_str()), "255");
+    start(again);  // the second start finds nothing left over
 }
 
 TEST_F(StartupTest, WindowsNTIsRefused)

@@ -235,6 +235,27 @@ TEST_F(ChatToolsTest, DeleteRemovesTheKeyAndLoadsTheFirstScheme)
     EXPECT_EQ(Stored("Colors", "Fade Number"), Stored("Schemes\\" + entries.front(), "Fade Number"));
 }
 
+TEST_F(ChatToolsTest, DeleteWithNoSchemeSelectedDeletesNothing)
+{
+    const auto before = ListEntries(panel().cboSchemes);
+    SendMessageA(panel().cboSchemes, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    Answerer yes(AnswerMessage("Yes"));  // should it ask at all
+    ClickAndSettle(panel().cmdDel.hwnd());
+    EXPECT_FALSE(yes.Done()) << "nothing to ask about";
+    EXPECT_TRUE(TestEnv::SectionExists("Schemes\\Ocean"));
+    EXPECT_EQ(ListEntries(panel().cboSchemes), before);
+}
+
+TEST_F(ChatToolsTest, AFadeNumberBeyondSixteenBitsKeepsThePreviousOne)
+{
+    ClickAndSettle(panel().optFade[2].hwnd());
+    TestEnv::RawSet("Schemes\\Ocean", "Fade Number", REG_SZ, std::string("70000", 6));
+    ChooseScheme(panel(), "Ocean");
+    EXPECT_EQ(panel().PanelFadeNumber, 3);
+    EXPECT_EQ(Options.FadeNumber, 3);
+    EXPECT_EQ(Stored("Colors", "Fade Number"), "3");
+}
+
 TEST_F(ChatToolsTest, BoldTwiceLeavesEverythingAsItWas)
 {
     const bool bold = Options.Bold;

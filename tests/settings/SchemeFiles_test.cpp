@@ -165,6 +165,9 @@ TEST_F(SchemeFilesTest, AutomaticImportCollectsImportsAndDeletes)
     TestEnv::PutFile(download + "\\Downloaded.fde", "FadeNumber=4\r\n");
     TestEnv::PutFile(download + "\\Blank.fde", "nothing to see\r\n");
     TestEnv::PutFile(download + "\\readme.txt", "not a scheme");
+    // Only the long name counts: on FAT "*.fde" also finds these through their short names.
+    TestEnv::PutFile(download + "\\Later.fdex", "One=5\r\n");
+    TestEnv::PutFile(download + "\\LOUD.FDE", "Two=7\r\n");
     TestEnv::PutFile(ProgramFolder() + "\\Beside.fde", "Wavy=True\r\n");
     TestEnv::PutFile(incoming + "Waiting.fde", "Six=6\r\n");
 
@@ -178,10 +181,14 @@ TEST_F(SchemeFilesTest, AutomaticImportCollectsImportsAndDeletes)
     EXPECT_EQ(ReadSetting(SchemeSection("Waiting"), "Six"), "6");
     EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Blank"));
     EXPECT_TRUE(FileNames(aol + "\\*.fde").empty());
-    EXPECT_TRUE(FileNames(download + "\\*.fde").empty());
+    // Wine's search, like FAT's, finds "Later.fdex" for "*.fde": it alone stays.
+    EXPECT_EQ(FileNames(download + "\\*.fde"), std::vector<std::string>{"Later.fdex"});
     EXPECT_TRUE(FileNames(ProgramFolder() + "\\*.fde").empty());
     EXPECT_TRUE(FileNames(incoming + "*.fde").empty());
     EXPECT_TRUE(FileExists(download + "\\readme.txt"));
+    EXPECT_TRUE(FileExists(download + "\\Later.fdex"));
+    EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Later.fdex"));
+    EXPECT_EQ(ReadSetting(SchemeSection("LOUD"), "Two"), "7");
     EXPECT_TRUE(reports.empty());
 }
 

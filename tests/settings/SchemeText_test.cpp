@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <cctype>
 #include <set>
 
@@ -57,6 +59,35 @@ TEST(SchemeFile, SplitsOnEveryKindOfLineEnd)
     EXPECT_EQ(SplitSchemeLines("a\r\n\r\nb\r\n"), (Lines{"a", "", "b"}));
     EXPECT_EQ(SplitSchemeLines("\n\r"), (Lines{"", ""}));
     EXPECT_EQ(SplitSchemeLines(""), Lines{});
+}
+
+// A file read a piece at a time gives the same lines as read whole, whatever
+// the piece size, even with a CR LF cut between two pieces; a line longer
+// than the limit is passed over whole and the next one is read again.
+TEST(SchemeFile, PiecesGiveTheSameLinesAndOverlongLinesArePassedOver)
+{
+    using Lines = std::vector<std::string>;
+    const std::string text = "One=1\r\nTwo=2\rThree=3\n\r\nSix=6";
+    for (std::size_t piece = 1; piece <= text.size(); ++piece) {
+        Lines got;
+        auto keep = [&got](const std::string& line) { got.push_back(line); };
+        SchemeLineSplitter splitter;
+        for (std::size_t at = 0; at < text.size(); at += piece)
+            splitter.Add(text.data() + at, std::min(piece, text.size() - at), keep);
+        splitter.Finish(keep);
+        EXPECT_EQ(got, SplitSchemeLines(text)) << piece;
+        EXPECT_EQ(got, (Lines{"One=1", "Two=2", "Three=3", "", "Six=6"})) << piece;
+    }
+    const std::string longest(kSchemeLineLimit, 'x');
+    EXPECT_EQ(SplitSchemeLines("One=" + std::string(kSchemeLineLimit, '7') + "\nTwo=2\n" + longest + "\n" +
+                               longest + "y"),
+              (Lines{"Two=2", longest}));
+}
+
+TEST(SchemeFile, OnlyLongNamesEndingInFdeAreSchemeFiles)
+{
+    for (const char* name : {"Cool.fde", "LOUD.FDE", "x.Fde", ".fde", "a.b.fde"}) EXPECT_TRUE(IsSchemeFileName(name)) << name;
+    for (const char* name : {"x.fdex", "x.fde.txt", "fde", "x.fd", "xfde", ""}) EXPECT_FALSE(IsSchemeFileName(name)) << name;
 }
 
 TEST(SchemeFile, WrittenInTheFixedOrderWithCrLf)
