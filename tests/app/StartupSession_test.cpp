@@ -8,51 +8,16 @@
 
 #include <set>
 
-#include "ChatLive.h"
-#include "resource.h"
+#include "ChatLiveFixture.h"
 
 using namespace ChatLive;
 
 namespace {
 
-// How many times the watcher of program `pid` has ticked; -1 before its
-// chat session window exists.
-long WatcherTicks(DWORD pid)
-{
-    HWND session = nullptr;
-    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
-        DWORD owner = 0;
-        GetWindowThreadProcessId(session, &owner);
-        if (owner == pid) return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
-    }
-    return -1;
-}
-
 bool ProgramMenuInAOL() { return Ctl({"menu"}).out.find("Prism&o") != std::string::npos; }
 
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    size_t start = 0;
-    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-        lines.push_back(text.substr(start, end - start));
-    return lines;
-}
-
-class StartupSession : public ::testing::Test {
+class StartupSession : public ChatLiveTest {
 protected:
-    void SetUp() override
-    {
-        EndEveryAOL();
-        FreshSettings(SimFolder() + "aol40");
-    }
-    void TearDown() override
-    {
-        prismo_.Kill();
-        sim_.Stop();
-        EndEveryAOL();
-    }
-
     // Starts Prismo and follows its loading window until its menu is in AOL's
     // menu bar (start-up's last steps) or it shows a message. Returns the
     // message's text, "" when start-up went through; `steps` gets every
@@ -82,12 +47,6 @@ protected:
         return PumpUntil([&] { return WatcherTicks(prismo_.Id()) >= from + count; }, 20000);
     }
 
-    bool RoomHooked()
-    {
-        return PumpUntil([&] { return sim_.Ctl("subclassed").find("input\tsubclassed\n") != std::string::npos; },
-                         20000);
-    }
-
     // The Welcome window closed as a member closes it, by its close box.
     void CloseWelcome()
     {
@@ -97,8 +56,6 @@ protected:
         ASSERT_TRUE(PumpUntil([&] { return !IsWindow(welcome); }, 5000));
     }
 
-    SimAOL sim_;
-    TestProcess prismo_;
     std::set<std::string> steps_;
     HWND box_ = nullptr;
 };
@@ -146,7 +103,7 @@ TEST_F(StartupSession, SignedOnWithTheWelcomeWindowClosed)
     EXPECT_EQ(CtlLines({"keywords"}), std::vector<std::string>{"welcome"});
 
     // A command for signed-on members only: the advertisement goes out.
-    ASSERT_TRUE(RoomHooked());
+    ASSERT_TRUE(Hooked());
     sim_.Ctl("type /adv");
     sim_.Ctl("key enter");
     EXPECT_TRUE(PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= 5; }, 20000))
@@ -163,7 +120,7 @@ TEST_F(StartupSession, AOLInAFolderWithBlanksIsStartedAndTakesAKeywordWithBlanks
     EXPECT_EQ(steps_.count("Master Screen Name: Zun Tester"), 1u);
 
     ASSERT_EQ(Ctl({"open-room", "Lobby"}).status, 0);
-    ASSERT_TRUE(RoomHooked());
+    ASSERT_TRUE(Hooked());
     Ctl({"type", "/People Connection"});
     Ctl({"key", "enter"});
     EXPECT_TRUE(PumpUntil([] { return Ctl({"keywords"}).out == "People Connection\n"; }, 10000))

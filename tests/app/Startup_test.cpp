@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <set>
 
+#include "ChatLive.h"
 #include "ChatText.h"
 #include "SimHarness.h"
 #include "WineRegistry.h"
@@ -19,7 +20,8 @@
 
 namespace {
 
-std::string Prismo() { return TestFolder() + "..\\..\\app\\prismo.exe"; }
+using ChatLive::Prismo;
+using ChatLive::WatcherTicks;
 
 // Waits for the program's message box and returns its marked-up text.
 std::string WaitForMessage(DWORD pid, HWND* box, DWORD ms = 20000)
@@ -80,20 +82,6 @@ std::string FullPath(const std::string& folder)
     char full[MAX_PATH];
     GetFullPathNameA(folder.c_str(), sizeof full, full, nullptr);
     return full;
-}
-
-// Asks the program's chat session how often its watcher has looked at AOL.
-// The session answers only from the program's message loop, so an answer
-// also says that start-up has run to its end.
-long WatcherTicks(DWORD pid)
-{
-    HWND session = nullptr;
-    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
-        DWORD owner = 0;
-        GetWindowThreadProcessId(session, &owner);
-        if (owner == pid) return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
-    }
-    return -1;
 }
 
 // The program's control panel once start-up has finished: loaded, shown or not.

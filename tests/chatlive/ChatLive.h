@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include "ChatText.h"
 #include "SimHarness.h"
@@ -48,17 +49,36 @@ inline std::string FadedByCli(const std::string& scheme, const std::string& line
     return out;
 }
 
-// Whether the program `pid` is still carrying out a chat or menu command, as
-// its chat session window answers it.
-inline bool CommandRunning(DWORD pid)
+// What the chat session window of the program `pid` answers to `message`
+// (one of the session's registered messages) with `wParam`; -1 before the
+// session exists.
+// The session answers only from the program's message loop, so an answer also
+// says that start-up has run to its end.
+inline long AskSession(DWORD pid, const char* message, WPARAM wParam = 0)
 {
     HWND session = nullptr;
     while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
         DWORD owner = 0;
         GetWindowThreadProcessId(session, &owner);
-        if (owner == pid) return SendMessageA(session, RegisterWindowMessageA(kCommandRunningMessage), 0, 0) != 0;
+        if (owner == pid) return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(message), wParam, 0));
     }
-    return false;
+    return -1;
+}
+
+// How many times the watcher of the program `pid` has ticked; -1 before its session exists.
+inline long WatcherTicks(DWORD pid) { return AskSession(pid, kWatcherTicksMessage); }
+
+// Whether the program `pid` is still carrying out a chat or menu command.
+inline bool CommandRunning(DWORD pid) { return AskSession(pid, kCommandRunningMessage) > 0; }
+
+// The lines of `text`, each ended by "\n" (a last unended piece is left out).
+inline std::vector<std::string> Lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    size_t start = 0;
+    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
+        lines.push_back(text.substr(start, end - start));
+    return lines;
 }
 
 }  // namespace ChatLive

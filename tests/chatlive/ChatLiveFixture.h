@@ -13,15 +13,6 @@
 
 namespace ChatLive {
 
-inline std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    size_t start = 0;
-    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-        lines.push_back(text.substr(start, end - start));
-    return lines;
-}
-
 class ChatLiveTest : public ::testing::Test {
 protected:
     void SetUp() override

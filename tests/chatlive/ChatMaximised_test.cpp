@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "ChatLive.h"
-#include "resource.h"
+#include "ChatLiveFixture.h"
 
 using namespace ChatLive;
 
@@ -26,24 +25,9 @@ std::vector<std::string> Bar(const std::string& menu)
 
 const std::vector<std::string> kButtons{"(minimize)", "(restore)", "(close)"};
 
-class ChatMaximised : public ::testing::Test {
+class ChatMaximised : public ChatLiveTest {
 protected:
-    void SetUp() override
-    {
-        EndEveryAOL();
-        FreshSettings(SimFolder() + "aol40");
-    }
-    void TearDown() override
-    {
-        prismo_.Kill();
-        sim_.Stop();
-        EndEveryAOL();
-    }
-
     std::vector<std::string> BarNow() { return Bar(sim_.Ctl("menu")); }
-
-    SimAOL sim_;
-    TestProcess prismo_;
 };
 
 // The UK edition keeps one window between the chat input and its send icon:

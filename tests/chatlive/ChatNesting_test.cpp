@@ -6,67 +6,14 @@
 #include <vector>
 
 #include "AdvertText.h"
-#include "ChatLive.h"
-#include "resource.h"
+#include "ChatLiveFixture.h"
 
 using namespace ChatLive;
 
 namespace {
 
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    size_t start = 0;
-    for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-        lines.push_back(text.substr(start, end - start));
-    return lines;
-}
-
-// The watcher ticks the program `pid` has finished, as its chat session answers; -1 without one.
-long WatcherTicks(DWORD pid)
-{
-    HWND session = nullptr;
-    while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
-        DWORD owner = 0;
-        GetWindowThreadProcessId(session, &owner);
-        if (owner == pid)
-            return static_cast<long>(SendMessageA(session, RegisterWindowMessageA(kWatcherTicksMessage), 0, 0));
-    }
-    return -1;
-}
-
-class ChatNestingTest : public ::testing::Test {
+class ChatNestingTest : public ChatLiveTest {
 protected:
-    void SetUp() override
-    {
-        EndEveryAOL();
-        FreshSettings(SimFolder() + "aol40");
-    }
-    void TearDown() override
-    {
-        prismo_.Kill();
-        sim_.Stop();
-        EndEveryAOL();
-    }
-
-    // AOL signed on in a room, then Prismo, until its hooks sit on the room.
-    void Start()
-    {
-        ASSERT_TRUE(sim_.Start("40", "--signed-on \"Zun Tester\" --room \"Town Square\""));
-        ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
-        PumpUntil([&] { return (panel_ = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW, false)) != nullptr; },
-                  60000);
-        ASSERT_TRUE(panel_) << "the control panel never came";
-        ASSERT_TRUE(PumpUntil(
-            [&] {
-                const std::string hooks = sim_.Ctl("subclassed");
-                return hooks.find("input\tsubclassed\n") != std::string::npos &&
-                       hooks.find("send\tsubclassed\n") != std::string::npos;
-            },
-            20000))
-            << sim_.Ctl("subclassed");
-    }
-
     size_t Posted() { return Lines(sim_.Ctl("transcript")).size(); }
     // The lines the room received from line `from` on.
     std::vector<std::string> PostedSince(size_t from)
@@ -103,14 +50,6 @@ protected:
         const std::vector<std::string> got = PostedSince(before);
         return got.empty() ? "" : got.front();
     }
-    bool Stored(const std::string& value)
-    {
-        return PumpUntil([&] { return Option("", "Fader On") == value; }, 5000);
-    }
-
-    SimAOL sim_;
-    TestProcess prismo_;
-    HWND panel_ = nullptr;
 };
 
 TEST_F(ChatNestingTest, DoubleClickOnTheSendIconPostsOneAdvertisement)
@@ -173,11 +112,11 @@ TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
     // on for what follows, and the remaining lines still go out unfaded.
     sim_.Ctl("type /fadeoff");
     sim_.Ctl("key enter");
-    ASSERT_TRUE(Stored("False"));
+    ASSERT_TRUE(Stored("Fader On", "False"));
     size_t before = Posted();
     ASSERT_TRUE(AdvertStarted(before));
     TypeAndEnter("/fadeon");
-    ASSERT_TRUE(Stored("True"));
+    ASSERT_TRUE(Stored("Fader On", "True"));
     ASSERT_TRUE(AdvertDone(before));
     EXPECT_EQ(PostedSince(before), ExpectedAdvert());
     EXPECT_EQ(SentLine("after on"), FadedByCli("Cool Fade", "after on"));
@@ -186,7 +125,7 @@ TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
     before = Posted();
     ASSERT_TRUE(AdvertStarted(before));
     PostMessageA(panel_, WM_COMMAND, IDC_CT_OFF, 0);
-    ASSERT_TRUE(Stored("False"));
+    ASSERT_TRUE(Stored("Fader On", "False"));
     ASSERT_TRUE(AdvertDone(before));
     EXPECT_EQ(PostedSince(before), ExpectedAdvert());
     EXPECT_EQ(SentLine("after off"), "after off");

@@ -12,22 +12,9 @@ namespace {
 
 class HooksRecover : public ChatLiveTest {
 protected:
-    HWND Session()
-    {
-        HWND session = nullptr;
-        while ((session = FindWindowExA(nullptr, session, kChatSessionClass, nullptr)) != nullptr) {
-            DWORD owner = 0;
-            GetWindowThreadProcessId(session, &owner);
-            if (owner == prismo_.Id()) return session;
-        }
-        return nullptr;
-    }
     // Sent, so it returns only once the program answers its messages again.
-    LRESULT Ask(const char* message, WPARAM wParam = 0)
-    {
-        return SendMessageA(Session(), RegisterWindowMessageA(message), wParam, 0);
-    }
-    long Ticks() { return static_cast<long>(Ask(kWatcherTicksMessage)); }
+    long Ask(const char* message, WPARAM wParam = 0) { return AskSession(prismo_.Id(), message, wParam); }
+    long Ticks() { return Ask(kWatcherTicksMessage); }
     // The three hooks, as the DLL inside AOL tells the program: each still
     // hands its messages on.
     bool AllLive() { return Ask(kTestHooksLiveMessage) == 7; }
