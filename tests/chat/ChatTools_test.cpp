@@ -477,3 +477,55 @@ TEST_F(ChatToolsTest, EveryChangeHandsTheKeyboardBackToTheChatRoom)
 }
 
 }  // namespace
+
+// The rightmost column of `control` that differs from its background, as
+// the control draws itself on screen.
+int RightmostInk(HWND control)
+{
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    RECT r;
+    GetClientRect(control, &r);
+    HDC dc = GetDC(control);
+    const COLORREF background = GetPixel(dc, r.right - 1, 0);
+    int rightmost = -1;
+    for (int x = 0; x < r.right; ++x)
+        for (int y = 1; y < r.bottom - 1; ++y)
+            if (GetPixel(dc, x, y) != background) rightmost = x;
+    ReleaseDC(control, dc);
+    return rightmost;
+}
+
+TEST_F(ChatToolsTest, TheSolidSwitchShowsItsWholeCaptionInEveryColourMode)
+{
+    const OptionsRecord saved = Options;
+    for (int mode : {0, 1, 2}) {
+        panel().Unload();
+        Options.UIMode = static_cast<std::int16_t>(mode);
+        Options.WindowColor = 0x00C0E0C0;  // the user's own colours show the text too
+        Options.ButtonText = 0;
+        panel().Load();
+        panel().ShowPanel();
+        if (panel().Height() != 990) ClickAndSettle(panel().cmdMin.hwnd());
+        HWND solid = panel().chkSolid;
+        ASSERT_EQ(TextOf(solid), "Use colors without fading");
+        // The same switch with all the room it wants, over the second row,
+        // shows where the caption's ink ends.
+        RECT at;
+        GetClientRect(solid, &at);
+        HWND roomy = CreateWindowExA(0, "BUTTON", "Use colors without fading", WS_CHILD | WS_VISIBLE | BS_AUTOCHECKBOX,
+                                     4, 25, 480, at.bottom, panel().hwnd(), nullptr, nullptr, nullptr);
+        SendMessageA(roomy, WM_SETFONT, SendMessageA(solid, WM_GETFONT, 0, 0), TRUE);
+        SetWindowPos(roomy, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        DoEvents();
+        const int needed = RightmostInk(roomy) + 1;
+        DestroyWindow(roomy);
+        ASSERT_GT(needed, 100) << "mode " << mode;
+        EXPECT_GE(at.right, needed) << "the caption is cut in mode " << mode;
+        // Nothing to its right covers it.
+        RECT solidOnScreen, save;
+        GetWindowRect(solid, &solidOnScreen);
+        GetWindowRect(panel().cmdSave.hwnd(), &save);
+        EXPECT_LE(solidOnScreen.right, save.left) << "mode " << mode;
+    }
+    Options = saved;
+}
