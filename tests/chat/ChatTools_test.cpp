@@ -8,6 +8,7 @@
 
 #include "OptionsLoad.h"
 #include "modAOLFunctions.h"
+#include "modFade.h"
 #include "modFindChild.h"
 #include "ProgramInfo.h"
 #include "SimHarness.h"
@@ -254,6 +255,44 @@ TEST_F(ChatToolsTest, AFadeNumberBeyondSixteenBitsKeepsThePreviousOne)
     EXPECT_EQ(panel().PanelFadeNumber, 3);
     EXPECT_EQ(Options.FadeNumber, 3);
     EXPECT_EQ(Stored("Colors", "Fade Number"), "3");
+}
+
+// Fade numbers outside 1 to 6 come only from a stored scheme: the panel takes
+// them as they are, changes no button and no strip, the typed text goes out
+// as typed, and a save writes no colour beyond the sixth.
+TEST_F(ChatToolsTest, FadeNumbersZeroAndSevenLeaveButtonsStripAndTextAlone)
+{
+    ClickAndSettle(panel().optFade[2].hwnd());
+    HDC strip = GetDC(panel().picPreview.hwnd());
+    const COLORREF stripBefore = GetPixel(strip, 5, 5);
+    for (const char* number : {"0", "7"}) {
+        TestEnv::RawSet("Schemes\\Ocean", "Fade Number", REG_SZ, std::string(number, 2));
+        TestEnv::RawSet("Schemes\\Ocean", "One", REG_SZ, std::string("255", 4));
+        ChooseScheme(panel(), "Ocean");
+        EXPECT_EQ(panel().PanelFadeNumber, number[0] - '0');
+        EXPECT_EQ(Options.FadeNumber, number[0] - '0');
+        EXPECT_EQ(Stored("Colors", "Fade Number"), number);
+        for (int k = 0; k < 6; ++k) {
+            EXPECT_EQ(IsWindowVisible(panel().cmdColor[k].hwnd()) != 0, k < 3) << number << ": colour " << k;
+            EXPECT_EQ(panel().optFade[k].Value, k == 2) << number << ": button " << k;
+        }
+        EXPECT_EQ(GetPixel(strip, 5, 5), stripBefore) << number << ": the strip was painted";
+        Options.Bold = Options.Italic = Options.ULine = false;
+        std::string text = "Hi all";
+        EXPECT_EQ(FadeEngine(text), "Hi all") << number;
+        Options.SolidFade = true;
+        EXPECT_EQ(FadeEngine(text), "Hi all") << number << ", solid";
+        Options.SolidFade = false;
+
+        const std::string scheme = std::string("Number ") + number;
+        Answerer name(TypeIntoInputBox(scheme));
+        ClickAndSettle(panel().cmdSave.hwnd());
+        ASSERT_TRUE(name.Done());
+        EXPECT_EQ(Stored("Schemes\\" + scheme, "Fade Number"), number);
+        EXPECT_EQ(Stored("Schemes\\" + scheme, "One"), number[0] == '0' ? "<missing>" : "255");
+        EXPECT_EQ(Stored("Schemes\\" + scheme, "Six"), number[0] == '0' ? "<missing>" : Stored("Colors", "Six"));
+    }
+    ReleaseDC(panel().picPreview.hwnd(), strip);
 }
 
 TEST_F(ChatToolsTest, BoldTwiceLeavesEverythingAsItWas)
