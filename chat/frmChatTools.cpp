@@ -10,6 +10,7 @@
 
 #include "Convert.h"
 #include "ErrorTrap.h"
+#include "FormPlacement.h"
 #include "InputBox.h"
 #include "SchemeFiles.h"
 #include "modAOLFunctions.h"
@@ -505,7 +506,9 @@ void frmChatTools::cmdEmail_Click() {}
 
 void frmChatTools::cmdMin_Click()
 {
-    const bool expand = Height() != kExpandedHeight;
+    // Compared as the display shows the expanded height: at 120 DPI 990
+    // twips are 82.5 pixels, and the panel is 82 of them high.
+    const bool expand = Height() != ShownTwips(kExpandedHeight, TwipsPerPixelY());
     ApplyState(expand);
     if (expand) {
         RePosForm(*this, 1);
