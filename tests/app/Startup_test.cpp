@@ -339,9 +339,9 @@ TEST_F(StartupTest, ABadUserColourIsReportedByStartUpAndIgnoreGoesOn)
     PostMessageA(GetDlgItem(report, IDC_ERR_IGNORE), BM_CLICK, 0, 0);
     HWND box;
     EXPECT_NE(WaitForMessage(prismo.Id(), &box).find("Prismo is not compatible with Windows NT."), std::string::npos);
-    ASSERT_TRUE(box);
-    Answer(box);
+    if (box) Answer(box);
     EXPECT_EQ(prismo.Wait(10000), 0);
+    TestEnv::ResetProgramKey();  // the programs run after this one read the colours too
 }
 
 TEST_F(StartupTest, AOL30IsRefusedWithItsVersion)
