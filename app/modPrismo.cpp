@@ -196,7 +196,10 @@ void Main(const std::string& commandLine)
     InstallErrorReport(EndProgram);
     SetHelpFile(AppPath() + "\\prismo.hlp");
     Options.UIMode = static_cast<std::int16_t>(StartUIMode());
-    ErrorTrap::Ignoring([] { LoadUserColors(); });
+    // A broken stored colour is shown to the user, who may end here, read it
+    // again or start with the colours read so far.
+    ErrorTrap trap("modPrismo", "Main");
+    if (!trap.Run([] { LoadUserColors(); })) return;
     if (IsChangeAOLCommand(commandLine)) {
         GetAOLPath(0);
         EndProgram();

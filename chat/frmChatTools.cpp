@@ -5,8 +5,12 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <cstring>
+
 #include "Convert.h"
 #include "ErrorTrap.h"
+#include "FormPlacement.h"
 #include "InputBox.h"
 #include "SchemeFiles.h"
 #include "modAOLFunctions.h"
@@ -28,6 +32,21 @@ constexpr int kClientWidth = 506;
 constexpr int kRow1 = 4, kRow2 = 25, kRow3 = 48, kRowHeight = 18;
 
 const char* BoolText(bool value) { return value ? "True" : "False"; }
+
+// The width a check box needs to show `caption` whole in `font`: the box,
+// the space after it, the text and a little room at the end.
+int CheckBoxWidth(HWND window, HFONT font, const char* caption)
+{
+    HDC dc = GetDC(window);
+    if (!dc) return 0;
+    HGDIOBJ old = SelectObject(dc, font ? font : GetStockObject(DEFAULT_GUI_FONT));
+    SIZE text{}, digit{};
+    GetTextExtentPoint32A(dc, caption, static_cast<int>(strlen(caption)), &text);
+    GetTextExtentPoint32A(dc, "0", 1, &digit);
+    SelectObject(dc, old);
+    ReleaseDC(window, dc);
+    return GetSystemMetrics(SM_CXMENUCHECK) + digit.cx + text.cx + 4;
+}
 
 // The "on" look of optOn and optOff: a red face, a bright red frame, white text.
 void PaintOnLook(FlatButton& button)
@@ -90,12 +109,19 @@ void frmChatTools::CreateControls()
     optBold.Create(me, IDC_CT_BOLD, "Bold", 42, styleTop, 36, styleHeight);
     optItalic.Create(me, IDC_CT_ITALIC, "Italic", 80, styleTop, 36, styleHeight);
     optULine.Create(me, IDC_CT_ULINE, "U-Line", 118, styleTop, 38, styleHeight);
-    chkSolid = child("BUTTON", "Use colors without fading", BS_AUTOCHECKBOX | WS_TABSTOP, IDC_CT_SOLID, 160,
-                     styleTop, 152, styleHeight);
-    cmdSave.Create(me, IDC_CT_SAVE, "Save", 316, styleTop, 44, styleHeight);
-    cmdEmail.Create(me, IDC_CT_EMAIL, "E-Mail", 362, styleTop, 44, styleHeight);
-    cmdDel.Create(me, IDC_CT_DEL, "Delete", 408, styleTop, 44, styleHeight);
-    cmdRefresh.Create(me, IDC_CT_REFRESH, "Refresh", 454, styleTop, 48, styleHeight);
+    // The switch takes the width its caption needs in this system's font, and
+    // the scheme commands share the rest of the row.
+    const char* solidCaption = "Use colors without fading";
+    const int solidWidth = std::max(152, CheckBoxWidth(me, font, solidCaption));
+    chkSolid = child("BUTTON", solidCaption, BS_AUTOCHECKBOX | WS_TABSTOP, IDC_CT_SOLID, 160, styleTop, solidWidth,
+                     styleHeight);
+    const int first = 160 + solidWidth + 4, gap = 2;
+    const int room = kClientWidth - 4 - first - 3 * gap;  // 180 with the narrowest switch
+    const int narrow = room * 44 / 180, wide = room - 3 * narrow;
+    cmdSave.Create(me, IDC_CT_SAVE, "Save", first, styleTop, narrow, styleHeight);
+    cmdEmail.Create(me, IDC_CT_EMAIL, "E-Mail", first + narrow + gap, styleTop, narrow, styleHeight);
+    cmdDel.Create(me, IDC_CT_DEL, "Delete", first + 2 * (narrow + gap), styleTop, narrow, styleHeight);
+    cmdRefresh.Create(me, IDC_CT_REFRESH, "Refresh", first + 3 * (narrow + gap), styleTop, wide, styleHeight);
 }
 
 void frmChatTools::OnLoad()
@@ -480,7 +506,9 @@ void frmChatTools::cmdEmail_Click() {}
 
 void frmChatTools::cmdMin_Click()
 {
-    const bool expand = Height() != kExpandedHeight;
+    // Compared as the display shows the expanded height: at 120 DPI 990
+    // twips are 82.5 pixels, and the panel is 82 of them high.
+    const bool expand = Height() != ShownTwips(kExpandedHeight, TwipsPerPixelY());
     ApplyState(expand);
     if (expand) {
         RePosForm(*this, 1);

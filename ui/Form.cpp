@@ -128,7 +128,9 @@ long Form::Height() const
 void Form::Move(long left, long top, long width, long height)
 {
     const long tx = TwipsPerPixelX(), ty = TwipsPerPixelY();
-    SetWindowPos(hwnd_, nullptr, left / tx, top / ty, width / tx, height / ty, SWP_NOZORDER | SWP_NOACTIVATE);
+    // Whole pixels, as ShownTwips tells the form's own code.
+    SetWindowPos(hwnd_, nullptr, left / tx, top / ty, ShownTwips(width, tx) / tx, ShownTwips(height, ty) / ty,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form::SetCaption(const std::string& caption) { SetWindowTextA(hwnd_, caption.c_str()); }

@@ -19,3 +19,8 @@ FormRect RePosRect(FormRect form, int axis, long screenWidth, long screenHeight)
     }
     return form;
 }
+
+long ShownTwips(long twips, long twipsPerPixel)
+{
+    return twipsPerPixel > 0 ? twips / twipsPerPixel * twipsPerPixel : twips;
+}

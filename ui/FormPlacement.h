@@ -13,3 +13,8 @@ FormRect CenterRect(FormRect form, long screenWidth, long screenHeight);
 // other values change nothing. A form larger than the screen ends at top 0
 // but right-aligned, because of the order of the two tests.
 FormRect RePosRect(FormRect form, int axis, long screenWidth, long screenHeight);
+
+// The size in twips that a form asked to be `twips` gets on a display of
+// `twipsPerPixel`: whole pixels, the fraction dropped (990 twips is 82.5
+// pixels at 120 DPI and shows as 82, that is 984 twips).
+long ShownTwips(long twips, long twipsPerPixel);

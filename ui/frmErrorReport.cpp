@@ -12,7 +12,9 @@ class frmErrorReport : public Form {
 public:
     explicit frmErrorReport(const ErrorReport& report) : Form("frmErrorReport", IDD_ERRORREPORT), report_(report) {}
     ~frmErrorReport() override { Unload(); }
-    int Answer = AnswerIgnore;
+    // Closed with the close box or Alt+F4 the report answers none of its
+    // buttons, and the trap then leaves the procedure.
+    int Answer = 0;
 
 protected:
     void OnLoad() override

@@ -310,6 +310,28 @@ TEST_F(StartupTest, WindowsNTIsRefused)
     EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr)) << "nothing after the system check may happen";
 }
 
+TEST_F(StartupTest, ABadUserColourIsReportedByStartUpAndIgnoreGoesOn)
+{
+    // "blue" is no number: the report names start-up, and after Ignore the
+    // start goes on to its next check (here the refusal of Windows NT).
+    TestEnv::RawSet("User Colors", "WindowColor", REG_SZ, std::string("blue", 5));
+    SetAppVersion("nt40");
+    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
+    HWND report = nullptr;
+    PumpUntil([&] { return (report = WindowWithChild(prismo.Id(), IDC_ERR_DETAILS)) != nullptr; }, 20000);
+    ASSERT_TRUE(report) << "the bad colour was swallowed";
+    const std::string details = WindowText(GetDlgItem(report, IDC_ERR_DETAILS));
+    EXPECT_NE(details.find("Module: modPrismo"), std::string::npos) << details;
+    EXPECT_NE(details.find("Procedure: Main"), std::string::npos) << details;
+    EXPECT_NE(details.find("Error number: 13"), std::string::npos) << details;
+    PostMessageA(GetDlgItem(report, IDC_ERR_IGNORE), BM_CLICK, 0, 0);
+    HWND box;
+    EXPECT_NE(WaitForMessage(prismo.Id(), &box).find("Prismo is not compatible with Windows NT."), std::string::npos);
+    if (box) Answer(box);
+    EXPECT_EQ(prismo.Wait(10000), 0);
+    TestEnv::ResetProgramKey();  // the programs run after this one read the colours too
+}
+
 TEST_F(StartupTest, AOL30IsRefusedWithItsVersion)
 {
     SimAOL aol;

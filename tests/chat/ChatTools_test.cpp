@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "OptionsLoad.h"
 #include "modAOLFunctions.h"
+#include "modFade.h"
 #include "modFindChild.h"
 #include "ProgramInfo.h"
 #include "SimHarness.h"
@@ -256,6 +258,44 @@ TEST_F(ChatToolsTest, AFadeNumberBeyondSixteenBitsKeepsThePreviousOne)
     EXPECT_EQ(Stored("Colors", "Fade Number"), "3");
 }
 
+// Fade numbers outside 1 to 6 come only from a stored scheme: the panel takes
+// them as they are, changes no button and no strip, the typed text goes out
+// as typed, and a save writes no colour beyond the sixth.
+TEST_F(ChatToolsTest, FadeNumbersZeroAndSevenLeaveButtonsStripAndTextAlone)
+{
+    ClickAndSettle(panel().optFade[2].hwnd());
+    HDC strip = GetDC(panel().picPreview.hwnd());
+    const COLORREF stripBefore = GetPixel(strip, 5, 5);
+    for (const char* number : {"0", "7"}) {
+        TestEnv::RawSet("Schemes\\Ocean", "Fade Number", REG_SZ, std::string(number, 2));
+        TestEnv::RawSet("Schemes\\Ocean", "One", REG_SZ, std::string("255", 4));
+        ChooseScheme(panel(), "Ocean");
+        EXPECT_EQ(panel().PanelFadeNumber, number[0] - '0');
+        EXPECT_EQ(Options.FadeNumber, number[0] - '0');
+        EXPECT_EQ(Stored("Colors", "Fade Number"), number);
+        for (int k = 0; k < 6; ++k) {
+            EXPECT_EQ(IsWindowVisible(panel().cmdColor[k].hwnd()) != 0, k < 3) << number << ": colour " << k;
+            EXPECT_EQ(panel().optFade[k].Value, k == 2) << number << ": button " << k;
+        }
+        EXPECT_EQ(GetPixel(strip, 5, 5), stripBefore) << number << ": the strip was painted";
+        Options.Bold = Options.Italic = Options.ULine = false;
+        std::string text = "Hi all";
+        EXPECT_EQ(FadeEngine(text), "Hi all") << number;
+        Options.SolidFade = true;
+        EXPECT_EQ(FadeEngine(text), "Hi all") << number << ", solid";
+        Options.SolidFade = false;
+
+        const std::string scheme = std::string("Number ") + number;
+        Answerer name(TypeIntoInputBox(scheme));
+        ClickAndSettle(panel().cmdSave.hwnd());
+        ASSERT_TRUE(name.Done());
+        EXPECT_EQ(Stored("Schemes\\" + scheme, "Fade Number"), number);
+        EXPECT_EQ(Stored("Schemes\\" + scheme, "One"), number[0] == '0' ? "<missing>" : "255");
+        EXPECT_EQ(Stored("Schemes\\" + scheme, "Six"), number[0] == '0' ? "<missing>" : Stored("Colors", "Six"));
+    }
+    ReleaseDC(panel().picPreview.hwnd(), strip);
+}
+
 TEST_F(ChatToolsTest, BoldTwiceLeavesEverythingAsItWas)
 {
     const bool bold = Options.Bold;
@@ -300,22 +340,33 @@ TEST_F(ChatToolsTest, SolidSwitchIsStoredButNotPartOfASavedScheme)
     EXPECT_EQ(Stored("Schemes\\Solid One", "SolidFade"), "<missing>");
 }
 
+// Run at 96 DPI with the rest, and at 120 DPI by at120dpi.sh, which names
+// the DPI it set in PRISMO_EXPECT_DPI: there 990 twips are 82.5 pixels.
 TEST_F(ChatToolsTest, CollapseAndExpandStoreStateAndSurviveAReload)
 {
-    EXPECT_EQ(panel().Height(), 705);
+    if (const char* dpi = getenv("PRISMO_EXPECT_DPI")) {
+        HDC screen = GetDC(nullptr);
+        ASSERT_EQ(GetDeviceCaps(screen, LOGPIXELSY), atoi(dpi)) << "the display did not take the DPI";
+        ReleaseDC(nullptr, screen);
+    }
+    // Within a pixel of the height asked for: the display shows whole pixels.
+    auto high = [](long twips) { return std::abs(panel().Height() - twips) < TwipsPerPixelY(); };
+    EXPECT_TRUE(high(705)) << panel().Height();
     EXPECT_FALSE(IsWindowVisible(panel().Line1));
     ClickAndSettle(panel().cmdMin.hwnd());
-    EXPECT_EQ(panel().Height(), 990);
+    EXPECT_TRUE(high(990)) << panel().Height();
     EXPECT_TRUE(IsWindowVisible(panel().Line1));
     EXPECT_EQ(panel().cmdMinToolTip, "Close Options");
     EXPECT_EQ(Stored("", "State"), "Max");
     panel().Unload();
     panel().Load();
-    EXPECT_EQ(panel().Height(), 990);
+    EXPECT_TRUE(high(990)) << panel().Height();
     ClickAndSettle(panel().cmdMin.hwnd());
-    EXPECT_EQ(panel().Height(), 705);
+    EXPECT_TRUE(high(705)) << "the expanded panel did not collapse: " << panel().Height();
     EXPECT_EQ(panel().cmdMinToolTip, "Show Options");
     EXPECT_EQ(Stored("", "State"), "Min");
+    ClickAndSettle(panel().cmdMin.hwnd());
+    EXPECT_TRUE(high(990)) << panel().Height();
 }
 
 TEST_F(ChatToolsTest, StoredPositionIsPulledBackOntoTheScreen)
@@ -477,3 +528,55 @@ TEST_F(ChatToolsTest, EveryChangeHandsTheKeyboardBackToTheChatRoom)
 }
 
 }  // namespace
+
+// The rightmost column of `control` that differs from its background, as
+// the control draws itself on screen.
+int RightmostInk(HWND control)
+{
+    RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    RECT r;
+    GetClientRect(control, &r);
+    HDC dc = GetDC(control);
+    const COLORREF background = GetPixel(dc, r.right - 1, 0);
+    int rightmost = -1;
+    for (int x = 0; x < r.right; ++x)
+        for (int y = 1; y < r.bottom - 1; ++y)
+            if (GetPixel(dc, x, y) != background) rightmost = x;
+    ReleaseDC(control, dc);
+    return rightmost;
+}
+
+TEST_F(ChatToolsTest, TheSolidSwitchShowsItsWholeCaptionInEveryColourMode)
+{
+    const OptionsRecord saved = Options;
+    for (int mode : {0, 1, 2}) {
+        panel().Unload();
+        Options.UIMode = static_cast<std::int16_t>(mode);
+        Options.WindowColor = 0x00C0E0C0;  // the user's own colours show the text too
+        Options.ButtonText = 0;
+        panel().Load();
+        panel().ShowPanel();
+        if (panel().Height() != 990) ClickAndSettle(panel().cmdMin.hwnd());
+        HWND solid = panel().chkSolid;
+        ASSERT_EQ(TextOf(solid), "Use colors without fading");
+        // The same switch with all the room it wants, over the second row,
+        // shows where the caption's ink ends.
+        RECT at;
+        GetClientRect(solid, &at);
+        HWND roomy = CreateWindowExA(0, "BUTTON", "Use colors without fading", WS_CHILD | WS_VISIBLE | BS_AUTOCHECKBOX,
+                                     4, 25, 480, at.bottom, panel().hwnd(), nullptr, nullptr, nullptr);
+        SendMessageA(roomy, WM_SETFONT, SendMessageA(solid, WM_GETFONT, 0, 0), TRUE);
+        SetWindowPos(roomy, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        DoEvents();
+        const int needed = RightmostInk(roomy) + 1;
+        DestroyWindow(roomy);
+        ASSERT_GT(needed, 100) << "mode " << mode;
+        EXPECT_GE(at.right, needed) << "the caption is cut in mode " << mode;
+        // Nothing to its right covers it.
+        RECT solidOnScreen, save;
+        GetWindowRect(solid, &solidOnScreen);
+        GetWindowRect(panel().cmdSave.hwnd(), &save);
+        EXPECT_LE(solidOnScreen.right, save.left) << "mode " << mode;
+    }
+    Options = saved;
+}

@@ -170,35 +170,49 @@ TEST(UnloadAllForms, UnloadsFromTheLastAndStopsAtARefusal)
     EXPECT_TRUE(LoadedForms().empty());
 }
 
-TEST(ErrorReport, ShowsWhereItFailedAndRetryRunsTheStepAgain)
+TEST(ErrorReport, ShowsWhereItFailedRetryRunsTheStepAgainAndTheCloseBoxLeaves)
 {
     InstallErrorReport();
-    std::string details;
+    std::string details, lastDetails;
     int reports = 0;
+    bool closeBox = false;
     TimerSteps steps(30, [&] {
         HWND dlg = FindShown(TitleText());
         if (!dlg) return false;
-        details = TextOf(GetDlgItem(dlg, IDC_ERR_DETAILS));
-        // Retry the first time, Ignore the second.
-        Click(GetDlgItem(dlg, ++reports == 1 ? IDC_ERR_RETRY : IDC_ERR_IGNORE));
-        return reports == 2;
+        (reports == 0 ? details : lastDetails) = TextOf(GetDlgItem(dlg, IDC_ERR_DETAILS));
+        // Retry the first time, the close box the second, Ignore the third.
+        switch (++reports) {
+        case 1: Click(GetDlgItem(dlg, IDC_ERR_RETRY)); break;
+        case 2:
+            closeBox = (GetWindowLongA(dlg, GWL_STYLE) & WS_SYSMENU) != 0;
+            PostMessageA(dlg, WM_SYSCOMMAND, SC_CLOSE, 0);
+            break;
+        default: Click(GetDlgItem(dlg, IDC_ERR_IGNORE));
+        }
+        return reports == 3;
     });
     int runs = 0;
-    bool after = false;
+    bool afterClose = false, afterIgnore = false;
     ErrorTrap trap("modAOLFunctions", "TextToChat");
-    trap.Run([&] {
+    const bool goesOn = trap.Run([&] {
         ++runs;
         throw RuntimeError(Err::FileNotFound, "File not found");
-    });
-    trap.Run([&] { after = true; });
+    }) && trap.Run([&] { afterClose = true; });
+    ErrorTrap ignored("modPrismo", "Main");
+    ignored.Run([] { throw RuntimeError(Err::PathNotFound, "Path not found"); });
+    ignored.Run([&] { afterIgnore = true; });
     SetErrorReporter(nullptr);
     EXPECT_EQ(runs, 2);
-    EXPECT_TRUE(after);
+    EXPECT_TRUE(closeBox) << "the report has a close box";
+    EXPECT_FALSE(goesOn);
+    EXPECT_FALSE(afterClose) << "closing the report left the procedure";
+    EXPECT_TRUE(afterIgnore);
     EXPECT_NE(details.find("modAOLFunctions"), std::string::npos);
     EXPECT_NE(details.find("TextToChat"), std::string::npos);
     EXPECT_NE(details.find("53"), std::string::npos);
     EXPECT_NE(details.find("File not found"), std::string::npos);
     EXPECT_NE(details.find(VersionText()), std::string::npos);
+    EXPECT_NE(lastDetails.find("Path not found"), std::string::npos);
 }
 
 TEST(UIMode, ALowColourDisplayIgnoresTheStoredMode)

@@ -97,3 +97,14 @@ TEST(FormPlacement, RePosKeepsFormsOnScreenOneAxisAtATime)
     EXPECT_EQ(centred.left, 6180);
     EXPECT_EQ(centred.top, 4759);
 }
+
+TEST(FormPlacement, ShownTwipsAreWholePixelsOfTheDisplay)
+{
+    // The panel's two heights at 96 DPI (15 twips a pixel) and 120 DPI (12).
+    EXPECT_EQ(ShownTwips(990, 15), 990);
+    EXPECT_EQ(ShownTwips(705, 15), 705);
+    EXPECT_EQ(ShownTwips(990, 12), 984);
+    EXPECT_EQ(ShownTwips(705, 12), 696);
+    EXPECT_NE(ShownTwips(990, 12), ShownTwips(705, 12));
+    EXPECT_EQ(ShownTwips(991, 0), 991) << "no display to speak of";
+}
