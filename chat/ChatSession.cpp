@@ -111,7 +111,8 @@ void ChatSession::HoldOffChatInputHook(bool holdOff)
 
 // The Windows test build makes, on request, the faults that a loaded machine
 // or a busy AOL bring: a handler that answers late, an attach that fails, a
-// handler that fails. Nothing of this is in the release.
+// handler that fails. The release answers none of these requests, so its
+// fault switches stay off.
 bool ChatSession::AnswerTestFault(UINT message, WPARAM wParam, LRESULT& answer)
 {
 #ifdef PRISMO_TEST_FAULTS
