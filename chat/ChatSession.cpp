@@ -4,6 +4,7 @@
 #include "ChatSession.h"
 
 #include "ChatHooks.h"
+#include "ErrorTrap.h"
 #include "Form.h"
 #include "modFindChild.h"
 
@@ -166,7 +167,12 @@ LRESULT CALLBACK ChatSession::WindowProc(HWND window, UINT message, WPARAM wPara
     }
     auto* session = reinterpret_cast<ChatSession*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     if (session && message == WM_TIMER && wParam == kTimer1) {
-        session->Tick();
+        // What a tick holds back until it ends (AOL's close, Exit) runs here too.
+        try {
+            session->Tick();
+        } catch (...) {
+            ReportCaughtError("frmChatTools", "Timer1_Timer");
+        }
         return 0;
     }
     if (session && message == WatcherTicksMessage()) return session->ticks_;
