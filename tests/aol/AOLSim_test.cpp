@@ -1,9 +1,10 @@
-// The AOL modules against the AOL simulator: chat rooms, TextToChat, mail
-// windows, the session facts of every edition and version, the sign-on list
-// read from AOL's memory, the 16-bit refusal, the program's menu, AOLMAIL.
+// The AOL modules against the AOL simulator: rooms, TextToChat, mail, the
+// session of every edition and version, the program's menu, AOLMAIL.
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 
 #include "SimHarness.h"
 #include "AOLState.h"
@@ -15,14 +16,6 @@
 #include "modRegKeys.h"
 
 namespace {
-
-std::string LastLine(const std::string& text)
-{
-    std::string trimmed = text;
-    while (!trimmed.empty() && (trimmed.back() == '\n' || trimmed.back() == '\r')) trimmed.pop_back();
-    const size_t nl = trimmed.rfind('\n');
-    return nl == std::string::npos ? trimmed : trimmed.substr(nl + 1);
-}
 
 std::string FullPath(const std::string& path)
 {
@@ -37,14 +30,9 @@ std::string FullPath(const std::string& path)
 std::vector<std::string> BarMenus(const std::string& menu)
 {
     std::vector<std::string> bar;
-    size_t start = 0;
-    while (start < menu.size()) {
-        size_t end = menu.find('\n', start);
-        if (end == std::string::npos) end = menu.size();
-        const std::string line = menu.substr(start, end - start);
+    std::istringstream in(menu);
+    for (std::string line; std::getline(in, line);)
         if (!line.empty() && line[0] != '\t') bar.push_back(line.substr(0, line.find('\t')));
-        start = end + 1;
-    }
     return bar;
 }
 
@@ -179,12 +167,12 @@ TEST_F(AOLSim, TextToChatModesSetSendOrOnlyFocus)
     EXPECT_EQ(sim_.Ctl("input"), "\nhidden\n");
 
     TextToChat("two", 2);
-    EXPECT_EQ(LastLine(sim_.Ctl("transcript")), "two");
+    EXPECT_EQ(sim_.Ctl("transcript"), "<B>one</B>\ntwo\n");
 
     sim_.Ctl("type kept");
     TextToChat("five", 5);
     EXPECT_EQ(sim_.Ctl("input"), "kept\nhidden\n");
-    EXPECT_EQ(LastLine(sim_.Ctl("transcript")), "two");
+    EXPECT_EQ(sim_.Ctl("transcript"), "<B>one</B>\ntwo\n");
     EXPECT_EQ(messages_, "");
 }
 
@@ -326,8 +314,7 @@ TEST_F(AOLSim, StartingAOLReportsItsStepsAndFindsTheMainWindow)
     RunAOLKeyword("prismo");
     EXPECT_TRUE(PumpUntil([&] { return sim_.Ctl("keywords").find("prismo") != std::string::npos; },
                           10000));
-    std::string ignored;
-    RunCaptured("\"" + SimFolder() + "aolsimctl.exe\" kill", ignored);
+    Ctl({"kill"});
 }
 
 TEST_F(AOLSim, ASixteenBitAOLIsRefused)
@@ -338,8 +325,7 @@ TEST_F(AOLSim, ASixteenBitAOLIsRefused)
     EXPECT_NE(messages_.find("A 16 bit version of AOL is currently running!"), std::string::npos);
 }
 
-// AOL's program need not be the first module of the process that owns its
-// window: it is looked for among them all, and a process without it has none.
+// AOL's program is looked for among all modules of the window's process.
 TEST_F(AOLSim, AOLsProgramIsLookedForAmongAllModulesOfTheProcess)
 {
     HWND mine = CreateWindowA("STATIC", "", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
@@ -376,21 +362,15 @@ TEST_F(AOLSim, ProgramMenuTakesItsPlaceAndRunsItsCommands)
         EXPECT_EQ(sim_.Ctl("menu"), after);
         sim_.Stop();
     }
-    FILE* file = std::fopen(log.c_str(), "rb");
-    ASSERT_NE(file, nullptr);
-    std::string text(1 << 16, '\0');
-    text.resize(std::fread(&text[0], 1, text.size(), file));
-    std::fclose(file);
+    std::ifstream file(log, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     size_t count = 0;
     for (size_t at = 0; (at = text.find("command\t60001", at)) != std::string::npos; ++at) ++count;
     EXPECT_EQ(count, 2u);
 }
 
-// While a room is maximised the bar holds the room's system menu before
-// AOL's menus and its three buttons after them: the program's menu still
-// goes right after AOL's last (or seventh) menu, the buttons stay last, and
-// the edition is read from the same menus. (Restoring and removing: the
-// live test.)
+// With a room maximised the program's menu still goes right after AOL's last
+// (or seventh) menu, the room's buttons stay last, and the edition is read.
 TEST_F(AOLSim, ProgramMenuAndEditionWithAMaximisedRoom)
 {
     for (const Edition e : {Edition{"40", "uk", true, false, false}, Edition{"40", "ca", false, true, false}}) {

@@ -1,7 +1,5 @@
-// prismo.exe starting against AOL as a member meets it: an AOL slow to show
-// its Sign On screen, or one that never does; an AOL signed on whose Welcome
-// window was closed; and AOL in its usual folder, with blanks in the name,
-// started by Prismo and handed a keyword with blanks.
+// prismo.exe starting against AOL as members meet it: a late or missing Sign
+// On screen, a closed Welcome window, and a folder with blanks in its name.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -18,10 +16,8 @@ bool ProgramMenuInAOL() { return Ctl({"menu"}).out.find("Prism&o") != std::strin
 
 class StartupSession : public ChatLiveTest {
 protected:
-    // Starts Prismo and follows its loading window until its menu is in AOL's
-    // menu bar (start-up's last steps) or it shows a message. Returns the
-    // message's text, "" when start-up went through; `steps` gets every
-    // status the loading window showed.
+    // Starts Prismo until its menu is in AOL's or it shows a message; returns
+    // the message, "" when start-up went through. `steps_` gets every status.
     std::string StartPrismo(DWORD ms = 90000)
     {
         EXPECT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
@@ -104,8 +100,7 @@ TEST_F(StartupSession, SignedOnWithTheWelcomeWindowClosed)
 
     // A command for signed-on members only: the advertisement goes out.
     ASSERT_TRUE(Hooked());
-    sim_.Ctl("type /adv");
-    sim_.Ctl("key enter");
+    Send("/adv");
     EXPECT_TRUE(PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= 5; }, 20000))
         << sim_.Ctl("transcript");
 }
@@ -121,8 +116,7 @@ TEST_F(StartupSession, AOLInAFolderWithBlanksIsStartedAndTakesAKeywordWithBlanks
 
     ASSERT_EQ(Ctl({"open-room", "Lobby"}).status, 0);
     ASSERT_TRUE(Hooked());
-    Ctl({"type", "/People Connection"});
-    Ctl({"key", "enter"});
+    Send("/People Connection");
     EXPECT_TRUE(PumpUntil([] { return Ctl({"keywords"}).out == "People Connection\n"; }, 10000))
         << Ctl({"keywords"}).out;
     EXPECT_EQ(Ctl({"transcript"}).out, "") << "a command never reaches the room";

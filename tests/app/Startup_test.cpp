@@ -38,6 +38,33 @@ void Answer(HWND box)
     EXPECT_TRUE(PumpUntil([&] { return !IsWindow(box) || !IsWindowVisible(box); }, 10000)) << "the box stayed";
 }
 
+// Waits for the program's message, answers it and expects the program to end
+// cleanly; returns the message's text.
+std::string MessageThenEnd(TestProcess& process, DWORD ms = 20000)
+{
+    HWND box;
+    const std::string text = WaitForMessage(process.Id(), &box, ms);
+    EXPECT_TRUE(box) << "no message";
+    if (box) Answer(box);
+    EXPECT_EQ(process.Wait(10000), 0);
+    return text;
+}
+
+HWND WaitForPicker(DWORD pid)
+{
+    HWND picker = nullptr;
+    PumpUntil([&] { return (picker = WindowWithChild(pid, IDC_CM_TXTPATH)) != nullptr; }, 15000);
+    return picker;
+}
+
+std::string StoredAOLPath()
+{
+    DWORD type;
+    std::string stored;
+    EXPECT_TRUE(TestEnv::RawGet("", "AOL Path", type, stored));
+    return stored.c_str();
+}
+
 void SetAppVersion(const std::string& version)
 {
     HKEY key;
@@ -48,13 +75,18 @@ void SetAppVersion(const std::string& version)
     RegCloseKey(key);
 }
 
+std::string FullPath(const std::string& folder)
+{
+    char full[MAX_PATH];
+    GetFullPathNameA(folder.c_str(), sizeof full, full, nullptr);
+    return full;
+}
+
 // Walks the folder picker to `folder` the way a user does: the drive from
 // the drive list, then one double-click per folder in the folder tree.
 void Navigate(HWND picker, const std::string& folder)
 {
-    char full[MAX_PATH];
-    GetFullPathNameA(folder.c_str(), sizeof full, full, nullptr);
-    std::string path = full;
+    const std::string path = FullPath(folder);
     HWND drives = GetDlgItem(picker, IDC_CM_DRIVE1), dirs = GetDlgItem(picker, IDC_CM_DIR1);
     std::string drive = path.substr(0, 2);
     drive[0] = static_cast<char>(tolower(drive[0]));
@@ -75,13 +107,6 @@ void Navigate(HWND picker, const std::string& folder)
         SendMessageA(dirs, LB_SETCURSEL, static_cast<WPARAM>(line), 0);
         SendMessageA(picker, WM_COMMAND, MAKEWPARAM(IDC_CM_DIR1, LBN_DBLCLK), reinterpret_cast<LPARAM>(dirs));
     }
-}
-
-std::string FullPath(const std::string& folder)
-{
-    char full[MAX_PATH];
-    GetFullPathNameA(folder.c_str(), sizeof full, full, nullptr);
-    return full;
 }
 
 // The program's control panel once start-up has finished: loaded, shown or not.
@@ -157,8 +182,7 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     Answer(box);
 
     // The picker refuses a folder without aol.exe, then takes the simulator's.
-    HWND picker = nullptr;
-    PumpUntil([&] { return (picker = WindowWithChild(pid, IDC_CM_TXTPATH)) != nullptr; }, 10000);
+    HWND picker = WaitForPicker(pid);
     ASSERT_TRUE(picker);
     EXPECT_EQ(WindowText(picker), "Select AOL Directory");
     EXPECT_EQ(WindowText(GetDlgItem(picker, IDC_CM_TXTPATH)), "C:\\");
@@ -200,17 +224,11 @@ TEST_F(StartupTest, FirstStartAsksForTheFolderStartsAOLAndShowsThePanel)
     EXPECT_EQ(reinterpret_cast<HWND>(GetWindowLongPtrA(panel, GWLP_HWNDPARENT)), frame);
     const std::string menus = Ctl({"menu"}).out;
     EXPECT_NE(menus.find("Prism&o"), std::string::npos) << menus;
-    DWORD type;
-    std::string stored;
-    ASSERT_TRUE(TestEnv::RawGet("", "AOL Path", type, stored));
-    EXPECT_EQ(std::string(stored.c_str()), aol40);
+    EXPECT_EQ(StoredAOLPath(), aol40);
 
     // A second start is refused before anything else happens.
     TestProcess second("\"" + Prismo() + "\"");
-    EXPECT_EQ(WaitForMessage(second.Id(), &box), "Prismo is already running!");
-    ASSERT_TRUE(box);
-    Answer(box);
-    EXPECT_EQ(second.Wait(10000), 0);
+    EXPECT_EQ(MessageThenEnd(second), "Prismo is already running!");
     EXPECT_TRUE(IsWindow(panel));
 }
 
@@ -276,12 +294,10 @@ TEST_F(StartupTest, HugeAndBinarySchemeFilesInTheDownloadFolderAreTakenInAndRemo
     SIZE_T plain = 0, withFiles = 0, again = 0;
     start(plain);
     PutHugeSchemeFile(download + "Huge.fde", 50);
-    {
-        std::string noise(1048576, '\0');
-        std::uint32_t seed = 11;
-        for (char& b : noise) b = static_cast<char>((seed = seed * 1664525u + 1013904223u) >> 24);
-        TestEnv::PutFile(download + "Binary.fde", noise);
-    }
+    std::string noise(1048576, '\0');
+    std::uint32_t seed = 11;
+    for (char& b : noise) b = static_cast<char>((seed = seed * 1664525u + 1013904223u) >> 24);
+    TestEnv::PutFile(download + "Binary.fde", noise);
     start(withFiles);
     std::printf("peak memory of a start: %lu KB plain, %lu KB with the two files\n",
                 static_cast<unsigned long>(plain / 1024), static_cast<unsigned long>(withFiles / 1024));
@@ -292,28 +308,16 @@ TEST_F(StartupTest, HugeAndBinarySchemeFilesInTheDownloadFolderAreTakenInAndRemo
     EXPECT_FALSE(FileExists(incoming + "Huge.fde"));
     EXPECT_FALSE(FileExists(incoming + "Binary.fde"));
     DWORD type;
-    std::string stored;
-    ASSERT_TRUE(TestEnv::RawGet("Schemes\\Huge", "One", type, stored));
-    EXPECT_EQ(std::string(stored.c_str()), "255");
+    std::string one;
+    ASSERT_TRUE(TestEnv::RawGet("Schemes\\Huge", "One", type, one));
+    EXPECT_EQ(std::string(one.c_str()), "255");
     start(again);  // the second start finds nothing left over
 }
 
-TEST_F(StartupTest, WindowsNTIsRefused)
-{
-    SetAppVersion("nt40");
-    ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
-    HWND box;
-    EXPECT_NE(WaitForMessage(prismo.Id(), &box).find("Prismo is not compatible with Windows NT."), std::string::npos);
-    ASSERT_TRUE(box);
-    Answer(box);
-    EXPECT_EQ(prismo.Wait(10000), 0);
-    EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr)) << "nothing after the system check may happen";
-}
-
-TEST_F(StartupTest, ABadUserColourIsReportedByStartUpAndIgnoreGoesOn)
+TEST_F(StartupTest, ABadUserColourIsReportedAndIgnoreGoesOnToRefuseWindowsNT)
 {
     // "blue" is no number: the report names start-up, and after Ignore the
-    // start goes on to its next check (here the refusal of Windows NT).
+    // start goes on to its next check, the refusal of Windows NT.
     TestEnv::RawSet("User Colors", "WindowColor", REG_SZ, std::string("blue", 5));
     SetAppVersion("nt40");
     ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
@@ -325,10 +329,8 @@ TEST_F(StartupTest, ABadUserColourIsReportedByStartUpAndIgnoreGoesOn)
     EXPECT_NE(details.find("Procedure: Main"), std::string::npos) << details;
     EXPECT_NE(details.find("Error number: 13"), std::string::npos) << details;
     PostMessageA(GetDlgItem(report, IDC_ERR_IGNORE), BM_CLICK, 0, 0);
-    HWND box;
-    EXPECT_NE(WaitForMessage(prismo.Id(), &box).find("Prismo is not compatible with Windows NT."), std::string::npos);
-    if (box) Answer(box);
-    EXPECT_EQ(prismo.Wait(10000), 0);
+    EXPECT_NE(MessageThenEnd(prismo).find("Prismo is not compatible with Windows NT."), std::string::npos);
+    EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr)) << "nothing after the system check may happen";
     TestEnv::ResetProgramKey();  // the programs run after this one read the colours too
 }
 
@@ -337,12 +339,8 @@ TEST_F(StartupTest, AOL30IsRefusedWithItsVersion)
     SimAOL aol;
     ASSERT_TRUE(aol.Start("30", ""));
     ASSERT_TRUE(prismo.Start("\"" + Prismo() + "\""));
-    HWND box;
-    const std::string message = WaitForMessage(prismo.Id(), &box, 30000);
+    const std::string message = MessageThenEnd(prismo, 30000);
     EXPECT_EQ(message.rfind("~B~CRAOL Version 3.0 detected!~B~CN", 0), 0u) << message;
-    ASSERT_TRUE(box);
-    Answer(box);
-    EXPECT_EQ(prismo.Wait(10000), 0);
     aol.Stop();
 }
 
@@ -355,13 +353,9 @@ TEST_F(StartupTest, MissingHookLibraryIsNamed)
     CreateDirectoryA(folder.c_str(), nullptr);
     ASSERT_TRUE(CopyFileA(Prismo().c_str(), (folder + "\\prismo.exe").c_str(), FALSE));
     ASSERT_TRUE(prismo.Start("\"" + folder + "\\prismo.exe\""));
-    HWND box;
-    const std::string message = WaitForMessage(prismo.Id(), &box);
+    const std::string message = MessageThenEnd(prismo);
     EXPECT_NE(message.find("Missing runtime file!"), std::string::npos) << message;
     EXPECT_NE(message.find("~Bprismosbc.dll~B is missing"), std::string::npos) << message;
-    ASSERT_TRUE(box);
-    Answer(box);
-    EXPECT_EQ(prismo.Wait(10000), 0);
     DeleteFileA((folder + "\\prismo.exe").c_str());
     RemoveDirectoryA(folder.c_str());
     EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr));
@@ -375,24 +369,16 @@ TEST_F(StartupTest, ChangeAOLOnlyChoosesTheFolderEvenBesideARunningCopy)
     ASSERT_NE(WaitForMessage(prismo.Id(), &welcome).find("Welcome to Prismo!"), std::string::npos);
 
     TestProcess change("\"" + Prismo() + "\" CHANGEAOL");
-    HWND picker = nullptr;
-    PumpUntil([&] { return (picker = WindowWithChild(change.Id(), IDC_CM_TXTPATH)) != nullptr; }, 15000);
+    HWND picker = WaitForPicker(change.Id());
     ASSERT_TRUE(picker) << "no folder picker";
     EXPECT_FALSE(WindowWithChild(change.Id(), IDC_LD_BAR)) << "no loading window for CHANGEAOL";
     const std::string aol50 = FullPath(SimFolder() + "aol50");
     Navigate(picker, aol50);
     PostMessageA(GetDlgItem(picker, IDC_CM_COMMAND1), BM_CLICK, 0, 0);
-    HWND box;
-    const std::string told = WaitForMessage(change.Id(), &box);
+    const std::string told = MessageThenEnd(change);
     EXPECT_NE(told.find("it will start the AOL program located in the ~B~CB"), std::string::npos) << told;
     EXPECT_NE(told.find("AOLSIM\\AOL50~B~CN directory."), std::string::npos) << told;
-    ASSERT_TRUE(box);
-    Answer(box);
-    EXPECT_EQ(change.Wait(10000), 0);
-    DWORD type;
-    std::string stored;
-    ASSERT_TRUE(TestEnv::RawGet("", "AOL Path", type, stored));
-    EXPECT_EQ(std::string(stored.c_str()), aol50);
+    EXPECT_EQ(StoredAOLPath(), aol50);
     EXPECT_FALSE(FindWindowA("AOL FRAME25", nullptr));
 }
 

@@ -1,8 +1,5 @@
-// The hook against a window of another process (sbctarget.exe): messages
-// reach the program before the window, can be swallowed or answered, delayed
-// events come after the window's own procedure, detaching puts the window's
-// procedure back, a failing handler is reported without holding the window
-// up, and menus are changed from inside the other process.
+// The hook against a window of another process (sbctarget.exe): handlers,
+// delayed events, failures, detaching, and menus changed from inside.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -16,13 +13,9 @@ namespace {
 
 class HookTarget : public ::testing::Test {
 protected:
-    void SetUp() override { Launch(5); }
-
-    void Launch(int menus)
+    void SetUp() override
     {
-        process_.Kill();
-        ASSERT_TRUE(process_.Start("\"" + TestFolder() + "sbctarget.exe\" " +
-                                   std::to_string(menus)));
+        ASSERT_TRUE(process_.Start("\"" + TestFolder() + "sbctarget.exe\" 5"));
         main_ = WaitForProcessWindow("SbcTarget", process_.Id());
         ASSERT_NE(main_, nullptr);
         PumpUntil([&] { return (edit_ = FindWindowExA(main_, nullptr, "Edit", nullptr)) != nullptr; },
@@ -61,10 +54,9 @@ TEST_F(HookTarget, HandlerSeesEachCharacterBeforeTheWindowAndCanSwallowIt)
     Type('a');
     Type('x');
     Type('b');
-    // The box takes each character only after the handler has had it.
     ASSERT_TRUE(WaitForText("ab"));
     EXPECT_EQ(seen, "axb");
-    // Each character was handed over before the box had taken it in.
+    // Each character reached the handler before the box took it in.
     EXPECT_EQ(textWhenSeen, "[][a][a]");
 }
 

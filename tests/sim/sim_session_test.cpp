@@ -1,7 +1,5 @@
-// AOL's session as Prismo reads it: captions per edition, the menus per
-// edition, version and sign-on state, the sign-on list read from another
-// process, keywords handed to a running AOL, the version resource, and the
-// ways AOL ends.
+// AOL's session as Prismo reads it: captions and menus per edition and
+// version, sign-on, keywords, the version resource, and the ways AOL ends.
 #include "SimConfig.h"
 #include "SimSearch.h"
 
@@ -12,12 +10,6 @@
 
 namespace {
 
-std::string FrameCaption(HWND frame) {
-    char text[100] = "";
-    GetWindowTextA(frame, text, sizeof text);
-    return text;
-}
-
 bool MenuHas(const std::vector<std::string>& menu, const std::string& caption) {
     for (const auto& line : menu) {
         const auto start = line.find_first_not_of('\t');
@@ -26,10 +18,35 @@ bool MenuHas(const std::vector<std::string>& menu, const std::string& caption) {
     return false;
 }
 
-int TopLevelMenus(const std::vector<std::string>& menu) {
-    int count = 0;
-    for (const auto& line : menu) count += !line.empty() && line[0] != '\t';
-    return count;
+std::vector<std::string> BarOf(const std::vector<std::string>& menu) {
+    std::vector<std::string> bar;
+    for (const auto& line : menu)
+        if (!line.empty() && line[0] != '\t') bar.push_back(line.substr(0, line.find('\t')));
+    return bar;
+}
+
+// The major and minor version in the version resource of `path`, or -1.
+int FileVersion(const std::string& path) {
+    DWORD handle = 0;
+    std::vector<char> info(GetFileVersionInfoSizeA(path.c_str(), &handle));
+    VS_FIXEDFILEINFO* fixed = nullptr;
+    UINT length = 0;
+    if (info.empty() || !GetFileVersionInfoA(path.c_str(), 0, (DWORD)info.size(), info.data()) ||
+        !VerQueryValueA(info.data(), "\\", (void**)&fixed, &length))
+        return -1;
+    return (int)fixed->dwFileVersionMS;
+}
+
+// Runs `line` and waits up to `ms` for it to end.
+bool RunToEnd(std::string line, DWORD ms) {
+    STARTUPINFOA si{};
+    si.cb = sizeof si;
+    PROCESS_INFORMATION pi{};
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi)) return false;
+    const bool ended = WaitForSingleObject(pi.hProcess, ms) == WAIT_OBJECT_0;
+    CloseHandle(pi.hThread);
+    CloseHandle(pi.hProcess);
+    return ended;
 }
 
 TEST(SimSession, CaptionsFollowTheEdition) {
@@ -71,7 +88,7 @@ TEST(SimSession, MenusPerVersionCountAndSignOn) {
     {
         SimAOL sim(5, {"--menus", "8", "--screen-names", "Alpha,Guest"});
         auto menu = CtlLines({"menu"});
-        EXPECT_EQ(TopLevelMenus(menu), 8);
+        EXPECT_EQ(BarOf(menu).size(), 8u);
         EXPECT_TRUE(MenuHas(menu, "E&xit\t8207") || MenuHas(menu, "E&xit"));
         EXPECT_FALSE(MenuHas(menu, "Switch Scree&n Name"));
         EXPECT_NE(ChildByCaption(sim.Mdi(), "Sign On"), nullptr);
@@ -86,21 +103,14 @@ TEST(SimSession, MenusPerVersionCountAndSignOn) {
     {
         SimAOL sim(4, {"--signed-on", "Zun Tester"});
         const auto menu = CtlLines({"menu"});
-        EXPECT_EQ(TopLevelMenus(menu), 5);
+        EXPECT_EQ(BarOf(menu).size(), 5u);
         EXPECT_FALSE(MenuHas(menu, "Switch Scree&n Name")) << "only AOL 5.0 has it";
     }
     {
         SimAOL sim(3, {"--menus", "6"});
-        EXPECT_EQ(TopLevelMenus(CtlLines({"menu"})), 6);
+        EXPECT_EQ(BarOf(CtlLines({"menu"})).size(), 6u);
         EXPECT_NE(ChildByCaption(sim.Mdi(), "Welcome"), nullptr) << "AOL 3.0 signs on from \"Welcome\"";
     }
-}
-
-std::vector<std::string> BarOf(const std::vector<std::string>& menu) {
-    std::vector<std::string> bar;
-    for (const auto& line : menu)
-        if (!line.empty() && line[0] != '\t') bar.push_back(line.substr(0, line.find('\t')));
-    return bar;
 }
 
 // Seven menus add "&Mail" to six; a maximised room or mail puts its system
@@ -119,12 +129,12 @@ TEST(SimSession, SevenMenusAndAMaximisedWindowInTheBar) {
         EXPECT_EQ(std::vector<std::string>(bar.begin() + 1, bar.end() - 3), seven);
         EXPECT_EQ(std::vector<std::string>(bar.end() - 3, bar.end()),
                   (std::vector<std::string>{"(minimize)", "(restore)", "(close)"}));
-        EXPECT_EQ(FrameCaption(sim.Frame()),
+        EXPECT_EQ(WindowText(sim.Frame()),
                   std::string("America Online - [") + (std::string(kind) == "room" ? "Lobby" : "Write Mail") + "]");
         EXPECT_NE(FindChatRoom(sim.Mdi()), nullptr) << "a maximised room is still a room";
         ASSERT_EQ(Ctl({"restore"}).status, 0);
         EXPECT_EQ(BarOf(CtlLines({"menu"})), seven);
-        EXPECT_EQ(FrameCaption(sim.Frame()), "America Online");
+        EXPECT_EQ(WindowText(sim.Frame()), "America Online");
     }
     EXPECT_NE(Ctl({"restore"}).status, 0) << "nothing is maximised";
     EXPECT_NE(Ctl({"maximize", "window"}).status, 0) << "no such window is open";
@@ -163,16 +173,8 @@ TEST(SimSession, KeywordsAreHandedToTheRunningAol) {
     // The Welcome window is gone; the keyword brings it back.
     SendMessageA(sim.Mdi(), WM_MDIDESTROY, (WPARAM)ChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), 0);
     // As Prismo hands them over: the keyword unquoted, blanks and all.
-    for (const char* keyword : {"-swelcome", "-shttp://example.com/support.html", "-sPeople Connection"}) {
-        STARTUPINFOA si{};
-        si.cb = sizeof si;
-        PROCESS_INFORMATION pi{};
-        std::string line = "\"" + SimFolder(5) + "\\waol.exe\" " + keyword;
-        ASSERT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi));
-        EXPECT_EQ(WaitForSingleObject(pi.hProcess, 15000), WAIT_OBJECT_0) << "the second waol.exe must exit";
-        CloseHandle(pi.hThread);
-        CloseHandle(pi.hProcess);
-    }
+    for (const char* keyword : {"-swelcome", "-shttp://example.com/support.html", "-sPeople Connection"})
+        EXPECT_TRUE(RunToEnd("\"" + SimFolder(5) + "\\waol.exe\" " + keyword, 15000)) << "the second waol.exe must exit";
     EXPECT_EQ(CtlLines({"keywords"}),
               (std::vector<std::string>{"welcome", "http://example.com/support.html", "People Connection"}));
     EXPECT_NE(WaitChildByCaption(sim.Mdi(), "Welcome, Zun Tester!"), nullptr);
@@ -197,46 +199,21 @@ TEST(SimSession, FolderWithBlanksHoldsAol40) {
     SimAOL sim;
     ASSERT_TRUE(sim.StartIn(SimFolderWithBlanks(), "--screen-names \"Ann Lee,Guest\""));
     EXPECT_NE(ChildByCaption(sim.Mdi(), "Sign On"), nullptr);
-    const std::string path = SimFolderWithBlanks() + "\\waol.exe";
-    DWORD handle = 0;
-    std::vector<char> info(GetFileVersionInfoSizeA(path.c_str(), &handle));
-    ASSERT_FALSE(info.empty());
-    ASSERT_TRUE(GetFileVersionInfoA(path.c_str(), 0, (DWORD)info.size(), info.data()));
-    VS_FIXEDFILEINFO* fixed = nullptr;
-    UINT length = 0;
-    ASSERT_TRUE(VerQueryValueA(info.data(), "\\", (void**)&fixed, &length));
-    EXPECT_EQ(HIWORD(fixed->dwFileVersionMS), 4);
+    EXPECT_EQ(FileVersion(SimFolderWithBlanks() + "\\waol.exe"), MAKELONG(0, 4));
 }
 
 TEST(SimSession, LauncherStartsWaolBesideIt) {
-    STARTUPINFOA si{};
-    si.cb = sizeof si;
-    PROCESS_INFORMATION pi{};
-    std::string line = "\"" + SimFolder(4) + "\\aol.exe\" --edition ca";
-    ASSERT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi));
-    WaitForSingleObject(pi.hProcess, 10000);
-    CloseHandle(pi.hThread);
-    CloseHandle(pi.hProcess);
+    RunToEnd("\"" + SimFolder(4) + "\\aol.exe\" --edition ca", 10000);
     HWND frame = WaitTopLevel("AOL FRAME25", nullptr);
     ASSERT_NE(frame, nullptr);
-    EXPECT_EQ(FrameCaption(frame), "AOL Canada");
+    EXPECT_EQ(WindowText(frame), "AOL Canada");
     EXPECT_EQ(Ctl({"kill"}).status, 0);
     EXPECT_EQ(FindWindowA("AOL FRAME25", nullptr), nullptr);
 }
 
 TEST(SimSession, FileVersionSaysTheAolVersion) {
     for (int version : {3, 4, 5}) {
-        const std::string path = SimFolder(version) + "\\waol.exe";
-        DWORD handle = 0;
-        const DWORD size = GetFileVersionInfoSizeA(path.c_str(), &handle);
-        ASSERT_GT(size, 0u) << path;
-        std::vector<char> info(size);
-        ASSERT_TRUE(GetFileVersionInfoA(path.c_str(), 0, size, info.data()));
-        VS_FIXEDFILEINFO* fixed = nullptr;
-        UINT length = 0;
-        ASSERT_TRUE(VerQueryValueA(info.data(), "\\", (void**)&fixed, &length));
-        EXPECT_EQ(HIWORD(fixed->dwFileVersionMS), (WORD)version);
-        EXPECT_EQ(LOWORD(fixed->dwFileVersionMS), 0);
+        EXPECT_EQ(FileVersion(SimFolder(version) + "\\waol.exe"), MAKELONG(0, version)) << version;
         EXPECT_EQ(GetFileAttributesA((SimFolder(version) + "\\download").c_str()) & FILE_ATTRIBUTE_DIRECTORY,
                   (DWORD)FILE_ATTRIBUTE_DIRECTORY);
     }
@@ -244,20 +221,13 @@ TEST(SimSession, FileVersionSaysTheAolVersion) {
 
 TEST(SimSession, CloseExitCommandAndKill) {
     const std::string log = TempPath("end.log");
-    {
+    for (const char* end : {"quit", "exit", "kill"}) {
         SimAOL sim(4, {"--log", log});
-        EXPECT_EQ(Ctl({"quit"}).status, 0);
-        EXPECT_TRUE(sim.WaitExit(10000));
-    }
-    {
-        SimAOL sim(4, {"--log", log});
-        SendMessageA(sim.Frame(), WM_COMMAND, 8207, 0);
-        EXPECT_TRUE(sim.WaitExit(10000));
-    }
-    {
-        SimAOL sim(4, {"--log", log});
-        EXPECT_EQ(Ctl({"kill"}).status, 0);
-        EXPECT_TRUE(sim.WaitExit(10000));
+        if (std::string(end) == "exit")
+            SendMessageA(sim.Frame(), WM_COMMAND, 8207, 0);  // File, Exit
+        else
+            EXPECT_EQ(Ctl({end}).status, 0) << end;
+        EXPECT_TRUE(sim.WaitExit(10000)) << end;
     }
     const std::string logged = ReadFileText(log);
     std::size_t quits = 0;
