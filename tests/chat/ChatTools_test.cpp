@@ -28,13 +28,6 @@ std::string Stored(const std::string& section, const std::string& name)
     return std::string(bytes.c_str());
 }
 
-std::string TextOf(HWND window)
-{
-    char text[512] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
 // Clicks a control as the mouse does, and lets the panel handle it.
 void ClickAndSettle(HWND control)
 {
@@ -51,7 +44,6 @@ public:
         current_ = this;
         id_ = SetTimer(nullptr, 0, 100, Tick);
     }
-    explicit Answerer(std::function<bool()> step) : Answerer(std::vector<std::function<bool()>>{std::move(step)}) {}
     ~Answerer()
     {
         KillTimer(nullptr, id_);
@@ -84,7 +76,7 @@ std::function<bool()> TypeIntoInputBox(const std::string& name, std::string* pro
     return [name, prompt, button] {
         HWND box = ShownDialog("Prismo");
         if (!box || !GetDlgItem(box, IDC_IB_TEXT)) return false;
-        if (prompt) *prompt = TextOf(GetDlgItem(box, IDC_IB_PROMPT));
+        if (prompt) *prompt = WindowText(GetDlgItem(box, IDC_IB_PROMPT));
         SetDlgItemTextA(box, IDC_IB_TEXT, name.c_str());
         PostMessageA(GetDlgItem(box, button), BM_CLICK, 0, 0);
         return true;
@@ -97,9 +89,9 @@ std::function<bool()> AnswerMessage(const std::string& answer, std::string* mess
     return [answer, message] {
         HWND box = ShownDialog(TitleText());
         if (!box) return false;
-        if (message) *message = TextOf(GetDlgItem(box, IDC_MSG_AREA));
+        if (message) *message = WindowText(GetDlgItem(box, IDC_MSG_AREA));
         for (int id : {IDC_MSG_CMD0, IDC_MSG_CMD1, IDC_MSG_CMD2}) {
-            std::string caption = TextOf(GetDlgItem(box, id));
+            std::string caption = WindowText(GetDlgItem(box, id));
             caption.erase(std::remove(caption.begin(), caption.end(), '&'), caption.end());
             if (caption == answer && IsWindowVisible(GetDlgItem(box, id))) {
                 PostMessageA(GetDlgItem(box, id), BM_CLICK, 0, 0);
@@ -146,12 +138,20 @@ protected:
     }
     void TearDown() override { panel().Unload(); }
     static frmChatTools& panel() { return ChatTools(); }
+    // Presses `button` with `steps` answering the dialogs it opens; true once all were answered.
+    static bool Press(HWND button, std::vector<std::function<bool()>> steps)
+    {
+        Answerer answer(std::move(steps));
+        ClickAndSettle(button);
+        return answer.Done();
+    }
+    static bool Save(std::vector<std::function<bool()>> steps) { return Press(panel().cmdSave.hwnd(), std::move(steps)); }
 };
 
 TEST_F(ChatToolsTest, LoadsTheDefaultSchemeAsTheWorkingFade)
 {
     EXPECT_EQ(Options.DefaultScheme, "Cool Fade");
-    EXPECT_EQ(TextOf(panel().cboSchemes), "Cool Fade");
+    EXPECT_EQ(WindowText(panel().cboSchemes), "Cool Fade");
     EXPECT_EQ(Options.FadeNumber, 5);
     EXPECT_EQ(Options.Colors[0], 16748574);
     EXPECT_EQ(panel().cmdColor[4].BackColor, 11823615);
@@ -169,9 +169,7 @@ TEST_F(ChatToolsTest, FadeNumberThreeShowsThreeColoursAndSavesOnlyThose)
     for (int k = 0; k < 6; ++k) EXPECT_EQ(panel().optFade[k].Value, k == 2) << k;
 
     std::string prompt;
-    Answerer answer(TypeIntoInputBox("Three Tone", &prompt));
-    ClickAndSettle(panel().cmdSave.hwnd());
-    EXPECT_TRUE(answer.Done());
+    EXPECT_TRUE(Save({TypeIntoInputBox("Three Tone", &prompt)}));
     EXPECT_EQ(prompt, "Please enter the name of this Fade Scheme below.");
     EXPECT_EQ(Stored("Schemes\\Three Tone", "Fade Number"), "3");
     EXPECT_EQ(Stored("Schemes\\Three Tone", "One"), "16748574");
@@ -179,24 +177,17 @@ TEST_F(ChatToolsTest, FadeNumberThreeShowsThreeColoursAndSavesOnlyThose)
     EXPECT_EQ(Stored("Schemes\\Three Tone", "Four"), "<missing>");
     EXPECT_EQ(Stored("Schemes\\Three Tone", "Six"), "<missing>");
     EXPECT_EQ(Stored("Schemes\\Three Tone", "Bold"), "False");
-    EXPECT_EQ(TextOf(panel().cboSchemes), "Three Tone");
+    EXPECT_EQ(WindowText(panel().cboSchemes), "Three Tone");
 }
 
 TEST_F(ChatToolsTest, SavingUnderAnExistingNameAsksAndYesOverwritesOnce)
 {
     ClickAndSettle(panel().optFade[1].hwnd());
     const size_t before = ListEntries(panel().cboSchemes).size();
-    {
-        // No changes nothing.
-        Answerer no({TypeIntoInputBox("Fire"), AnswerMessage("No")});
-        ClickAndSettle(panel().cmdSave.hwnd());
-        EXPECT_TRUE(no.Done());
-        EXPECT_EQ(Stored("Schemes\\Fire", "One"), "255");
-    }
+    EXPECT_TRUE(Save({TypeIntoInputBox("Fire"), AnswerMessage("No")}));
+    EXPECT_EQ(Stored("Schemes\\Fire", "One"), "255") << "No changes nothing";
     std::string asked;
-    Answerer yes({TypeIntoInputBox("Fire"), AnswerMessage("Yes", &asked)});
-    ClickAndSettle(panel().cmdSave.hwnd());
-    ASSERT_TRUE(yes.Done());
+    ASSERT_TRUE(Save({TypeIntoInputBox("Fire"), AnswerMessage("Yes", &asked)}));
     EXPECT_NE(asked.find("The Scheme ~B~CBFire~B~CN already exists."), std::string::npos) << asked;
     EXPECT_EQ(Stored("Schemes\\Fire", "One"), "16748574");
     EXPECT_EQ(Stored("Schemes\\Fire", "Fade Number"), "2");
@@ -207,15 +198,9 @@ TEST_F(ChatToolsTest, CancelledOrEmptyNameSavesNothing)
 {
     const auto before = TestEnv::ProgramTree();
     const size_t entries = ListEntries(panel().cboSchemes).size();
-    {
-        Answerer empty(TypeIntoInputBox(""));
-        ClickAndSettle(panel().cmdSave.hwnd());
-        EXPECT_TRUE(empty.Done());
-    }
+    EXPECT_TRUE(Save({TypeIntoInputBox("")}));
     // A name typed and then Cancel pressed is no name at all.
-    Answerer cancelled(TypeIntoInputBox("Never Saved", nullptr, IDC_IB_CANCEL));
-    ClickAndSettle(panel().cmdSave.hwnd());
-    EXPECT_TRUE(cancelled.Done());
+    EXPECT_TRUE(Save({TypeIntoInputBox("Never Saved", nullptr, IDC_IB_CANCEL)}));
     EXPECT_EQ(TestEnv::ProgramTree(), before);
     EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Never Saved"));
     EXPECT_EQ(ListEntries(panel().cboSchemes).size(), entries);
@@ -224,14 +209,12 @@ TEST_F(ChatToolsTest, CancelledOrEmptyNameSavesNothing)
 TEST_F(ChatToolsTest, DeleteRemovesTheKeyAndLoadsTheFirstScheme)
 {
     ChooseScheme(panel(), "Ocean");
-    Answerer yes(AnswerMessage("Yes"));
-    ClickAndSettle(panel().cmdDel.hwnd());
-    ASSERT_TRUE(yes.Done());
+    ASSERT_TRUE(Press(panel().cmdDel.hwnd(), {AnswerMessage("Yes")}));
     EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Ocean"));
     const auto entries = ListEntries(panel().cboSchemes);
     EXPECT_EQ(std::count(entries.begin(), entries.end(), "Ocean"), 0);
     ASSERT_FALSE(entries.empty());
-    EXPECT_EQ(TextOf(panel().cboSchemes), entries.front());
+    EXPECT_EQ(WindowText(panel().cboSchemes), entries.front());
     EXPECT_EQ(Options.DefaultScheme, entries.front());
     EXPECT_EQ(Stored("Schemes", "Default"), entries.front());
     EXPECT_EQ(Stored("Colors", "Fade Number"), Stored("Schemes\\" + entries.front(), "Fade Number"));
@@ -241,9 +224,7 @@ TEST_F(ChatToolsTest, DeleteWithNoSchemeSelectedDeletesNothing)
 {
     const auto before = ListEntries(panel().cboSchemes);
     SendMessageA(panel().cboSchemes, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    Answerer yes(AnswerMessage("Yes"));  // should it ask at all
-    ClickAndSettle(panel().cmdDel.hwnd());
-    EXPECT_FALSE(yes.Done()) << "nothing to ask about";
+    EXPECT_FALSE(Press(panel().cmdDel.hwnd(), {AnswerMessage("Yes")})) << "nothing to ask about";
     EXPECT_TRUE(TestEnv::SectionExists("Schemes\\Ocean"));
     EXPECT_EQ(ListEntries(panel().cboSchemes), before);
 }
@@ -286,9 +267,7 @@ TEST_F(ChatToolsTest, FadeNumbersZeroAndSevenLeaveButtonsStripAndTextAlone)
         Options.SolidFade = false;
 
         const std::string scheme = std::string("Number ") + number;
-        Answerer name(TypeIntoInputBox(scheme));
-        ClickAndSettle(panel().cmdSave.hwnd());
-        ASSERT_TRUE(name.Done());
+        ASSERT_TRUE(Save({TypeIntoInputBox(scheme)}));
         EXPECT_EQ(Stored("Schemes\\" + scheme, "Fade Number"), number);
         EXPECT_EQ(Stored("Schemes\\" + scheme, "One"), number[0] == '0' ? "<missing>" : "255");
         EXPECT_EQ(Stored("Schemes\\" + scheme, "Six"), number[0] == '0' ? "<missing>" : Stored("Colors", "Six"));
@@ -331,9 +310,7 @@ TEST_F(ChatToolsTest, SolidSwitchIsStoredButNotPartOfASavedScheme)
     ClickAndSettle(panel().chkSolid);
     EXPECT_TRUE(Options.SolidFade);
     EXPECT_EQ(Stored("Colors", "SolidFade"), "True");
-    Answerer name(TypeIntoInputBox("Solid One"));
-    ClickAndSettle(panel().cmdSave.hwnd());
-    ASSERT_TRUE(name.Done());
+    ASSERT_TRUE(Save({TypeIntoInputBox("Solid One")}));
     // The scheme was saved (Cool Fade's colours) but without the switch.
     EXPECT_EQ(Stored("Schemes\\Solid One", "Fade Number"), "5");
     EXPECT_EQ(Stored("Schemes\\Solid One", "One"), "16748574");
@@ -521,7 +498,7 @@ TEST_F(ChatToolsTest, EveryChangeHandsTheKeyboardBackToTheChatRoom)
         SetFocus(control);
         ClickAndSettle(control);
         PumpUntil([&] { return focusInAOL() == input; }, 5000);
-        EXPECT_EQ(focusInAOL(), input) << TextOf(control);
+        EXPECT_EQ(focusInAOL(), input) << WindowText(control);
     }
     AOLWindow = nullptr;
     ChatRoomWindow = nullptr;
@@ -558,7 +535,7 @@ TEST_F(ChatToolsTest, TheSolidSwitchShowsItsWholeCaptionInEveryColourMode)
         panel().ShowPanel();
         if (panel().Height() != 990) ClickAndSettle(panel().cmdMin.hwnd());
         HWND solid = panel().chkSolid;
-        ASSERT_EQ(TextOf(solid), "Use colors without fading");
+        ASSERT_EQ(WindowText(solid), "Use colors without fading");
         // The same switch with all the room it wants, over the second row,
         // shows where the caption's ink ends.
         RECT at;

@@ -49,6 +49,9 @@ inline std::string FadedByCli(const std::string& scheme, const std::string& line
     return out;
 }
 
+// `line` as the shipped default scheme fades it, as the room shows it.
+inline std::string Faded(const std::string& line) { return FadedByCli("Cool Fade", line) + "\n"; }
+
 // What the chat session window of the program `pid` answers to `message`
 // (one of the session's registered messages) with `wParam`; -1 before the
 // session exists.

@@ -67,6 +67,35 @@ protected:
         return got;
     }
 
+    // The room's lines so far, and those it received from line `from` on.
+    size_t Posted() { return Lines(sim_.Ctl("transcript")).size(); }
+    std::vector<std::string> PostedSince(size_t from)
+    {
+        const std::vector<std::string> all = Lines(sim_.Ctl("transcript"));
+        return {all.begin() + static_cast<long>(from), all.end()};
+    }
+    // "/adv" typed and sent with Enter; true once its first line is in the room.
+    bool AdvertStarted(size_t before)
+    {
+        sim_.Ctl("type /adv");
+        sim_.Ctl("key enter");
+        return PumpUntil([&] { return Posted() > before; }, 15000);
+    }
+    // True once the room has `count` lines from `before` on and the program
+    // has finished what it was doing (an advertisement ends with a pause).
+    bool AdvertDone(size_t before, size_t count = 5)
+    {
+        PumpUntil([&] { return Posted() >= before + count; }, 30000);
+        return PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 30000);
+    }
+    bool ProgramMenuShown() { return sim_.Ctl("menu").find("Prism&o") != std::string::npos; }
+    // Prism&o, Exit Prismo; true once the program has ended cleanly.
+    bool ExitPrismo()
+    {
+        PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);
+        return prismo_.Wait(15000) == 0;
+    }
+
     std::string Input() { return sim_.Ctl("input"); }
     // A command runs right after the send that asked for it: wait for what it stores.
     bool Stored(const std::string& name, const std::string& value)

@@ -3,6 +3,9 @@
 // prismo-fade's output for the same scheme.
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "AdvertText.h"
 #include "ChatLiveFixture.h"
 
@@ -16,9 +19,9 @@ TEST_F(ChatLiveTest, LinesGoOutFadedAndCommandsDriveTheProgram)
     // A plain line leaves exactly as the fade engine makes it; the input is
     // empty and on view again.
     const std::string line = "Hello from Prismo, faded!";
-    EXPECT_EQ(Send(line), FadedByCli("Cool Fade", line) + "\n");
+    EXPECT_EQ(Send(line), Faded(line));
     EXPECT_EQ(Input(), "\nvisible\n");
-    EXPECT_EQ(Send("by the icon", true), FadedByCli("Cool Fade", "by the icon") + "\n");
+    EXPECT_EQ(Send("by the icon", true), Faded("by the icon"));
     EXPECT_EQ(Input(), "\nvisible\n");
 
     // Blank lines are never touched; "/a/b" is chat, unfaded.
@@ -28,18 +31,15 @@ TEST_F(ChatLiveTest, LinesGoOutFadedAndCommandsDriveTheProgram)
     EXPECT_EQ(Send("/a/b"), "/a/b\n");
 
     // Commands: nothing reaches the room, the input is left empty.
-    EXPECT_EQ(Send("/fade off"), "");
-    EXPECT_EQ(Input(), "\nvisible\n");
-    EXPECT_TRUE(Stored("Fader On", "False"));
+    const std::vector<std::pair<std::string, bool>> switches{
+        {"/fade off", false}, {"/FADEON", true}, {"/fadeoff", false}, {"/Fade On", true}};
+    for (const auto& [command, on] : switches) {
+        EXPECT_EQ(Send(command), "") << command;
+        EXPECT_EQ(Input(), "\nvisible\n") << command;
+        EXPECT_TRUE(Stored("Fader On", on ? "True" : "False")) << command;
+        EXPECT_EQ(Send("plain <b>text</b>"), on ? Faded("plain <b>text</b>") : "plain <b>text</b>\n") << command;
+    }
     EXPECT_TRUE(PanelVisible()) << "inside a hooked room the panel stays";
-    EXPECT_EQ(Send("plain <b>text</b>"), "plain <b>text</b>\n");
-    EXPECT_EQ(Send("/FADEON"), "");
-    EXPECT_TRUE(Stored("Fader On", "True"));
-    EXPECT_EQ(Send("/fadeoff"), "");
-    EXPECT_TRUE(Stored("Fader On", "False"));
-    EXPECT_EQ(Send("/Fade On"), "");
-    EXPECT_TRUE(Stored("Fader On", "True"));
-    EXPECT_EQ(Send("x"), FadedByCli("Cool Fade", "x") + "\n");
 
     // Any other word, and a web address, is an AOL keyword.
     EXPECT_EQ(Send("/fade-on"), "");
@@ -62,20 +62,13 @@ TEST_F(ChatLiveTest, AdvertisementGoesOutUnfadedAndLeavesTheFaderAsItWas)
             Send("/fadeoff");
             ASSERT_TRUE(Stored("Fader On", "False"));
         }
-        const size_t before = Lines(sim_.Ctl("transcript")).size();
-        sim_.Ctl("type /adv");
-        sim_.Ctl("key enter");
-        PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= before + 5; }, 15000);
-        // The advertisement ends with a pause after its last line and only
-        // then gives the fader back.
-        ASSERT_TRUE(PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 15000));
-        const std::vector<std::string> all = Lines(sim_.Ctl("transcript"));
-        const std::vector<std::string> posted(all.begin() + static_cast<long>(before), all.end());
-        EXPECT_EQ(posted, ExpectedAdvert()) << "fader " << faderOn;
+        const size_t before = Posted();
+        ASSERT_TRUE(AdvertStarted(before));
+        ASSERT_TRUE(AdvertDone(before));
+        EXPECT_EQ(PostedSince(before), ExpectedAdvert()) << "fader " << faderOn;
         EXPECT_EQ(Input(), "\nvisible\n");
         // The fader is as it was: the next line is faded only when it was on.
-        const std::string next = Send("after the ad");
-        EXPECT_EQ(next, (faderOn ? FadedByCli("Cool Fade", "after the ad") : "after the ad") + "\n");
+        EXPECT_EQ(Send("after the ad"), faderOn ? Faded("after the ad") : "after the ad\n");
     }
     EXPECT_EQ(Option("", "Fader On"), "False") << "the advertisement never stores the fader";
 }
@@ -84,7 +77,7 @@ TEST_F(ChatLiveTest, WithoutChatKeywordsEnterFadesASlashLineButTheIconRunsIt)
 {
     SetOption("Options", "Use Chat KW", "False");
     Start();
-    EXPECT_EQ(Send("/help"), FadedByCli("Cool Fade", "/help") + "\n");
+    EXPECT_EQ(Send("/help"), Faded("/help"));
     EXPECT_EQ(Send("/fade-on", true), "");
     EXPECT_TRUE(KeywordSeen("fade-on"));
     EXPECT_EQ(Input(), "\nvisible\n");
@@ -103,7 +96,7 @@ TEST_F(ChatLiveTest, HooksAndPanelFollowTheRoom)
     sim_.Ctl("open-room \"Lobby\"");
     EXPECT_TRUE(PumpUntil([&] { return PanelVisible(); }, 5000));
     ASSERT_TRUE(Hooked()) << "the new room is hooked";
-    EXPECT_EQ(Send("new room"), FadedByCli("Cool Fade", "new room") + "\n");
+    EXPECT_EQ(Send("new room"), Faded("new room"));
 }
 
 TEST_F(ChatLiveTest, WithoutShowPanelWithChatThePanelStaysAsItWas)
@@ -114,7 +107,7 @@ TEST_F(ChatLiveTest, WithoutShowPanelWithChatThePanelStaysAsItWas)
     sim_.Ctl("open-room \"Lobby\"");
     ASSERT_TRUE(Hooked());
     EXPECT_FALSE(PanelVisible());
-    EXPECT_EQ(Send("hooked anyway"), FadedByCli("Cool Fade", "hooked anyway") + "\n");
+    EXPECT_EQ(Send("hooked anyway"), Faded("hooked anyway"));
 }
 
 TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
@@ -128,8 +121,7 @@ TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
         else
             PostMessageA(frame, WM_COMMAND, 8207, 0);  // File, Exit
         // The program's menu leaves AOL's menu bar before AOL goes.
-        EXPECT_TRUE(PumpUntil([&] { return sim_.Ctl("menu").find("Prism&o") == std::string::npos; }, 10000))
-            << way;
+        EXPECT_TRUE(PumpUntil([&] { return !ProgramMenuShown(); }, 10000)) << way;
         EXPECT_TRUE(IsWindow(frame)) << way;
         EXPECT_EQ(prismo_.Wait(8000), 0) << way;
         PumpUntil([&] { return !IsWindow(frame); }, 8000);
@@ -144,18 +136,14 @@ TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
 TEST_F(ChatLiveTest, ProgramMenuAdvertisesAndExits)
 {
     Start();
-    const size_t before = Lines(sim_.Ctl("transcript")).size();
+    const size_t before = Posted();
     PostMessageA(sim_.Frame(), WM_COMMAND, 60002, 0);  // Prism&o, Advertise
-    PumpUntil([&] { return Lines(sim_.Ctl("transcript")).size() >= before + 5; }, 15000);
-    EXPECT_EQ(Lines(sim_.Ctl("transcript")).size(), before + 5);
-    // The advertisement's closing pause ends before Exit is asked for.
-    ASSERT_TRUE(PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 15000));
-    PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
-    EXPECT_EQ(prismo_.Wait(8000), 0);
-    EXPECT_EQ(sim_.Ctl("menu").find("Prism&o"), std::string::npos);
+    ASSERT_TRUE(AdvertDone(before));
+    EXPECT_EQ(PostedSince(before), ExpectedAdvert());
+    EXPECT_TRUE(ExitPrismo());
+    EXPECT_FALSE(ProgramMenuShown());
     EXPECT_TRUE(IsWindow(sim_.Frame())) << "AOL stays when only Prismo exits";
-    // AOL's chat goes on unhooked.
-    EXPECT_EQ(Send("unhooked"), "unhooked\n");
+    EXPECT_EQ(Send("unhooked"), "unhooked\n") << "AOL's chat goes on unhooked";
 }
 
 TEST_F(ChatLiveTest, AOLVanishingEndsTheProgramOnTheNextTick)

@@ -16,10 +16,8 @@ namespace {
 std::vector<std::string> Bar(const std::string& menu)
 {
     std::vector<std::string> bar;
-    size_t start = 0;
-    for (size_t end; (end = menu.find('\n', start)) != std::string::npos; start = end + 1) {
-        if (end > start && menu[start] != '\t') bar.push_back(menu.substr(start, menu.find('\t', start) - start));
-    }
+    for (const std::string& line : Lines(menu))
+        if (!line.empty() && line[0] != '\t') bar.push_back(line.substr(0, line.find('\t')));
     return bar;
 }
 
@@ -41,20 +39,11 @@ TEST_F(ChatMaximised, RoomIsHookedAndFadedAndPrismoSitsAfterAOLsLastMenu)
                                             "Prism&o", "(minimize)", "(restore)", "(close)"};
     EXPECT_TRUE(PumpUntil([&] { return BarNow().size() == expected.size(); }, 60000));
     EXPECT_EQ(BarNow(), expected) << "after AOL's last menu, never among the room's buttons";
-    ASSERT_TRUE(PumpUntil(
-        [&] {
-            const std::string hooks = sim_.Ctl("subclassed");
-            return hooks == "frame\tsubclassed\ninput\tsubclassed\nsend\tsubclassed\n";
-        },
-        20000))
-        << sim_.Ctl("subclassed");
+    ASSERT_TRUE(Hooked());
+    EXPECT_EQ(sim_.Ctl("subclassed"), "frame\tsubclassed\ninput\tsubclassed\nsend\tsubclassed\n");
 
-    for (bool byIcon : {false, true}) {
-        sim_.Ctl("type \"maximised and faded\"");
-        sim_.Ctl(byIcon ? "click-send" : "key enter");
-    }
-    const std::string faded = FadedByCli("Cool Fade", "maximised and faded");
-    EXPECT_EQ(sim_.Ctl("transcript"), faded + "\n" + faded + "\n");
+    const std::string faded = Faded("maximised and faded");
+    for (bool byIcon : {false, true}) EXPECT_EQ(Send("maximised and faded", byIcon), faded) << byIcon;
 
     // Restored and maximised again, the room takes its pictures with it.
     ASSERT_EQ(sim_.Ctl("restore"), "");
@@ -63,8 +52,7 @@ TEST_F(ChatMaximised, RoomIsHookedAndFadedAndPrismoSitsAfterAOLsLastMenu)
     EXPECT_EQ(BarNow(), expected);
 
     // Prism&o, Exit Prismo: the menu leaves, the room's pictures stay.
-    PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);
-    EXPECT_EQ(prismo_.Wait(15000), 0);
+    EXPECT_TRUE(ExitPrismo());
     std::vector<std::string> left = expected;
     left.erase(left.begin() + 6);
     EXPECT_EQ(BarNow(), left);
@@ -85,8 +73,7 @@ TEST_F(ChatMaximised, WithSevenOrEightMenusPrismoFollowsTheSeventh)
         EXPECT_EQ(bar[8], "Prism&o");
         EXPECT_EQ(bar[menus == 7 ? 7 : 9], "&Help");
         EXPECT_EQ(std::vector<std::string>(bar.end() - 3, bar.end()), kButtons);
-        PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);
-        EXPECT_EQ(prismo_.Wait(15000), 0);
+        EXPECT_TRUE(ExitPrismo());
         bar = BarNow();
         EXPECT_EQ(std::count(bar.begin(), bar.end(), "Prism&o"), 0);
         EXPECT_EQ(bar.size(), size - 1);

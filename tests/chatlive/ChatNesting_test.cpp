@@ -14,41 +14,12 @@ namespace {
 
 class ChatNestingTest : public ChatLiveTest {
 protected:
-    size_t Posted() { return Lines(sim_.Ctl("transcript")).size(); }
-    // The lines the room received from line `from` on.
-    std::vector<std::string> PostedSince(size_t from)
-    {
-        const std::vector<std::string> all = Lines(sim_.Ctl("transcript"));
-        return {all.begin() + static_cast<long>(from), all.end()};
-    }
-    // "/adv" typed and sent with Enter; true once its first line is in the room.
-    bool AdvertStarted(size_t before)
-    {
-        sim_.Ctl("type /adv");
-        sim_.Ctl("key enter");
-        return PumpUntil([&] { return Posted() > before; }, 15000);
-    }
-    // True once the room has `count` lines from `before` on and the program
-    // has finished what it was doing.
-    bool AdvertDone(size_t before, size_t count = 5)
-    {
-        PumpUntil([&] { return Posted() >= before + count; }, 30000);
-        return PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 30000);
-    }
     // Typed straight into AOL's chat input's queue in one go, Enter last.
     void TypeAndEnter(const std::string& text)
     {
         HWND input = sim_.Handle("input");
         for (char c : text) PostMessageA(input, WM_CHAR, static_cast<unsigned char>(c), 0);
         PostMessageA(input, WM_CHAR, 13, 0);
-    }
-    std::string SentLine(const std::string& text)
-    {
-        const size_t before = Posted();
-        sim_.Ctl("type \"" + text + "\"");
-        sim_.Ctl("key enter");
-        const std::vector<std::string> got = PostedSince(before);
-        return got.empty() ? "" : got.front();
     }
 };
 
@@ -67,8 +38,7 @@ TEST_F(ChatNestingTest, DoubleClickOnTheSendIconPostsOneAdvertisement)
     // A second "/adv" while the first one runs is ignored as well.
     const size_t second = Posted();
     ASSERT_TRUE(AdvertStarted(second));
-    sim_.Ctl("type /adv");
-    sim_.Ctl("key enter");
+    AdvertStarted(second);
     ASSERT_TRUE(AdvertDone(second));
     EXPECT_EQ(PostedSince(second), ExpectedAdvert());
 }
@@ -97,7 +67,7 @@ TEST_F(ChatNestingTest, ClosingAOLOrExitingDuringAnAdvertisementEndsPrismoWithou
         EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
         EXPECT_EQ(sim_.WaitExit(10000), closeAOL);
         if (!closeAOL) {
-            EXPECT_EQ(sim_.Ctl("menu").find("Prism&o"), std::string::npos);
+            EXPECT_FALSE(ProgramMenuShown());
             EXPECT_LT(PostedSince(before).size(), 5u) << "the advertisement stops";
         }
         TearDown();
@@ -110,8 +80,7 @@ TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
     Start();
     // Off before: "/fadeon" typed during the advertisement turns the fader
     // on for what follows, and the remaining lines still go out unfaded.
-    sim_.Ctl("type /fadeoff");
-    sim_.Ctl("key enter");
+    Send("/fadeoff");
     ASSERT_TRUE(Stored("Fader On", "False"));
     size_t before = Posted();
     ASSERT_TRUE(AdvertStarted(before));
@@ -119,7 +88,7 @@ TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
     ASSERT_TRUE(Stored("Fader On", "True"));
     ASSERT_TRUE(AdvertDone(before));
     EXPECT_EQ(PostedSince(before), ExpectedAdvert());
-    EXPECT_EQ(SentLine("after on"), FadedByCli("Cool Fade", "after on"));
+    EXPECT_EQ(Send("after on"), Faded("after on"));
 
     // On before: the panel's Off pressed during the advertisement stays.
     before = Posted();
@@ -128,7 +97,7 @@ TEST_F(ChatNestingTest, OnOrOffChosenDuringAnAdvertisementWins)
     ASSERT_TRUE(Stored("Fader On", "False"));
     ASSERT_TRUE(AdvertDone(before));
     EXPECT_EQ(PostedSince(before), ExpectedAdvert());
-    EXPECT_EQ(SentLine("after off"), "after off");
+    EXPECT_EQ(Send("after off"), "after off\n");
 }
 
 // The program's watcher reads the signed-on name from AOL's Welcome window;

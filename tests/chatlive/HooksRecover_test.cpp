@@ -1,7 +1,10 @@
 // The hooks recover from what a real session brings: a program that answers
 // AOL late once, an attach that fails. And every end takes prismosbc.dll out
 // of AOL's process: menu Exit, Abort in the error report, AOL's close box.
+#include <algorithm>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 
 #include "ChatLiveFixture.h"
 #include "HookModules.h"
@@ -18,22 +21,24 @@ protected:
     // The three hooks, as the DLL inside AOL tells the program: each still
     // hands its messages on.
     bool AllLive() { return Ask(kTestHooksLiveMessage) == 7; }
-    bool DllInAOL() { return ProcessHoldsModule(sim_.Id(), "prismosbc.dll"); }
-    bool ProgramMenuShown() { return sim_.Ctl("menu").find("Prism&o") != std::string::npos; }
+    // Once the program has ended: its menu and DLL are gone from AOL, whose chat goes on unhooked.
+    void LeftAOL()
+    {
+        EXPECT_FALSE(ProgramMenuShown());
+        EXPECT_TRUE(PumpUntil([&] { return !ProcessHoldsModule(sim_.Id(), "prismosbc.dll"); }, 5000))
+            << "prismosbc.dll stays in AOL";
+        EXPECT_EQ(Send("unhooked"), "unhooked\n");
+    }
 
-    // After a recovery: a line goes out faded, "/fadeoff" works, and AOL's
-    // menu Exit ends the program, its menu and its DLL gone from AOL.
+    // After a recovery: a line goes out faded, "/fadeoff" works, and menu Exit leaves AOL.
     void WorksAndExitsCleanly()
     {
-        EXPECT_EQ(Send("after it"), FadedByCli("Cool Fade", "after it") + "\n");
+        EXPECT_EQ(Send("after it"), Faded("after it"));
         EXPECT_EQ(Send("/fadeoff"), "");
         EXPECT_TRUE(Stored("Fader On", "False"));
         EXPECT_EQ(Send("plain"), "plain\n");
-        PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
-        EXPECT_EQ(prismo_.Wait(10000), 0);
-        EXPECT_FALSE(ProgramMenuShown());
-        EXPECT_TRUE(PumpUntil([&] { return !DllInAOL(); }, 5000)) << "prismosbc.dll stays in AOL";
-        EXPECT_EQ(Send("unhooked"), "unhooked\n");
+        EXPECT_TRUE(ExitPrismo());
+        LeftAOL();
     }
 };
 
@@ -79,7 +84,7 @@ TEST_F(HooksRecover, AChatInputHookHeldOffStaysOffUntilResumed)
     EXPECT_EQ(Send("held"), "held\n");
     Ask(kTestHoldOffChatInputMessage, 0);
     EXPECT_TRUE(AllLive());
-    EXPECT_EQ(Send("resumed"), FadedByCli("Cool Fade", "resumed") + "\n");
+    EXPECT_EQ(Send("resumed"), Faded("resumed"));
 }
 
 // Abort in the error report of a failing hook handler: the report comes once
@@ -98,9 +103,7 @@ TEST_F(HooksRecover, AbortInTheErrorReportTakesTheProgramOutOfAOL)
     PostMessageA(report, WM_COMMAND, MAKEWPARAM(IDC_ERR_ABORT, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(report, IDC_ERR_ABORT)));
     EXPECT_EQ(prismo_.Wait(10000), 0);
-    EXPECT_FALSE(ProgramMenuShown());
-    EXPECT_TRUE(PumpUntil([&] { return !DllInAOL(); }, 5000)) << "prismosbc.dll stays in AOL";
-    EXPECT_EQ(Send("unhooked"), "unhooked\n");
+    LeftAOL();
 }
 
 // AOL's close box: the program lets go and AOL ends on its own, cleanly.
@@ -122,19 +125,14 @@ TEST_F(HooksRecover, AOLsCloseBoxEndsAOLCleanly)
     CloseHandle(aol);
     EXPECT_EQ(code, 0u) << "AOL ended by a fault";
     EXPECT_EQ(prismo_.Wait(5000), 0);
-    std::string text;
-    if (FILE* f = std::fopen(log.c_str(), "rb")) {
-        char buffer[4096];
-        for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, f)) > 0;) text.append(buffer, n);
-        std::fclose(f);
-    }
+    std::ifstream in(log, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     // AOL went through its own close: the main window's end is logged, and
     // after it only its windows closing.
     const std::vector<std::string> lines = Lines(text);
-    size_t quit = 0;
-    while (quit < lines.size() && lines[quit] != "quit") ++quit;
-    ASSERT_LT(quit, lines.size()) << text;
-    for (size_t i = quit + 1; i < lines.size(); ++i) EXPECT_EQ(lines[i].rfind("close\t", 0), 0u) << text;
+    const auto quit = std::find(lines.begin(), lines.end(), "quit");
+    ASSERT_NE(quit, lines.end()) << text;
+    for (auto line = quit + 1; line != lines.end(); ++line) EXPECT_EQ(line->rfind("close\t", 0), 0u) << text;
 }
 
 }  // namespace
