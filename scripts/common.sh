@@ -61,16 +61,23 @@ prismo_display() {
         done
         echo "display :$first is in use by another run; this one runs on :$n"
     fi
-    Xvfb ":$n" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
-    PRISMO_XVFB_PID=$!
-    for _ in $(seq 100); do
-        kill -0 "$PRISMO_XVFB_PID" 2>/dev/null || break
-        xdpyinfo -display ":$n" >/dev/null 2>&1 && { export DISPLAY=":$n"; return 0; }
-        sleep 0.1
-    done
+    prismo_start_xvfb "$n" 24 && { export DISPLAY=":$n"; return 0; }
     echo "Xvfb did not start on :$n" >&2
     prismo_stop_display
     return 1
+}
+
+# prismo_start_xvfb NUMBER DEPTH: starts an Xvfb on :NUMBER and waits until it
+# says it takes connections (it writes its display number on -displayfd then);
+# its process id goes to PRISMO_XVFB_PID. Fails if it ends or stays silent
+# for 30 s (only a hung server gets that far).
+prismo_start_xvfb() {
+    local ready fd
+    exec {fd}< <(exec Xvfb ":$1" -screen 0 "1024x768x$2" -nolisten tcp -displayfd 1 2>/dev/null)
+    PRISMO_XVFB_PID=$!
+    read -r -t 30 -u "$fd" ready || ready=""
+    exec {fd}<&-
+    [ "$ready" = "$1" ]
 }
 
 # Ends the Xvfb that prismo_display started, and only that one.

@@ -34,14 +34,10 @@ if xdpyinfo -display ":$low" >/dev/null 2>&1; then
     echo "ui.sh: display :$low is already in use by another run"
     exit 1
 fi
-Xvfb ":$low" -screen 0 1024x768x8 -nolisten tcp >/dev/null 2>&1 &
-xvfb=$!
+source "$root/scripts/common.sh"
+prismo_start_xvfb "$low" 8 || true
+xvfb=$PRISMO_XVFB_PID
 trap 'kill $xvfb 2>/dev/null || true; wait $xvfb 2>/dev/null || true' EXIT
-for _ in $(seq 100); do
-    xdpyinfo -display ":$low" >/dev/null 2>&1 && break
-    kill -0 $xvfb 2>/dev/null || break
-    sleep 0.1
-done
 xdpyinfo -display ":$low" >/dev/null 2>&1 || { echo "ui.sh: the 8-bit Xvfb did not start on :$low"; exit 1; }
 (
     export DISPLAY=":$low" WINEPREFIX="${WINEPREFIX:-$build/wineprefix}-8bit"
