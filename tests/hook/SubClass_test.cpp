@@ -209,7 +209,8 @@ TEST_F(HookTarget, AHookThatTimedOutSaysSoAndAttachingAgainRevivesIt)
     bool stall = true;
     hook.WndMessageX = [&](HWND, UINT, WPARAM, LPARAM, LRESULT&, bool&) {
         ++calls;
-        if (stall) Sleep(2500);  // longer than the hook waits
+        // Answers only once the hook has given up and handed the key on itself.
+        if (stall) WaitForText("a");
         stall = false;
     };
     ASSERT_TRUE(hook.Attach(edit_, {WM_CHAR}));
