@@ -99,12 +99,14 @@ public:
         SendMessageA(input, WM_SETTEXT, 0, (LPARAM)"");
         const std::string me = Sim().signedOn ? Sim().currentName : Sim().config.screenNames.front();
         lines.push_back(text);
+        postTimes.push_back(GetTickCount());
         LogEvent("post\t" + name + "\t" + me + "\t" + text);
         AppendChatLine(transcript, me, text);
     }
 
     std::string name;
     std::vector<std::string> lines;
+    std::vector<DWORD> postTimes;  // the tick count at which each line was posted
     HWND transcript = nullptr, people = nullptr, listChats = nullptr, combo = nullptr;
     HWND input = nullptr, gap = nullptr, send = nullptr;
     HWND icons[4] = {};
@@ -130,6 +132,11 @@ HWND OpenChatRoom(const std::string& name) {
 std::vector<std::string> RoomTranscript(SimChild* room) {
     ChatRoom* chat = AsRoom(room);
     return chat ? chat->lines : std::vector<std::string>{};
+}
+
+std::vector<DWORD> RoomPostTimes(SimChild* room) {
+    ChatRoom* chat = AsRoom(room);
+    return chat ? chat->postTimes : std::vector<DWORD>{};
 }
 
 HWND RoomInput(SimChild* room) {

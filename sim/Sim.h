@@ -83,6 +83,8 @@ std::vector<SimChild*> ChildrenInOrder();
 HWND OpenChatRoom(const std::string& name);
 void ActivateChild(HWND hwnd);
 std::vector<std::string> RoomTranscript(SimChild* room);
+// The tick count (GetTickCount, ms) at which each of those lines was posted.
+std::vector<DWORD> RoomPostTimes(SimChild* room);
 HWND RoomInput(SimChild* room);
 HWND RoomSendIcon(SimChild* room);
 

@@ -74,6 +74,13 @@ bool Transcript(const Args&, std::string& reply) {
     return true;
 }
 
+bool PostTimes(const Args&, std::string& reply) {
+    SimChild* room = RoomOrFail(reply);
+    if (!room) return false;
+    for (DWORD tick : RoomPostTimes(room)) reply += std::to_string(tick) + "\n";
+    return true;
+}
+
 bool Input(const Args&, std::string& reply) {
     SimChild* room = RoomOrFail(reply);
     if (!room) return false;
@@ -206,6 +213,7 @@ const std::map<std::string, Handler>& Commands() {
         {"ping", [](const Args&, std::string& r) { r = "pong\n"; return true; }},
         {"hwnd", WindowHandle},
         {"transcript", Transcript},
+        {"post-times", PostTimes},
         {"input", Input},
         {"open-room", [](const Args& a, std::string& r) { return NeedArgs(a, 1, r) && OpenChatRoom(a[1]) != nullptr; }},
         {"close-room", CloseRoom},

@@ -78,3 +78,12 @@
 #define IDC_IB_TEXT 702
 #define IDC_IB_OK 703
 #define IDC_IB_CANCEL 704
+
+// frmMultiline: 800-899
+#define IDD_MULTILINE 800
+#define IDC_ML_CHAT 801      // txtChat
+#define IDC_ML_HIDDEN 802    // txtHidden
+#define IDC_ML_PROGRESS 803  // SSPanel1, made in code
+#define IDC_ML_INSERT 810
+#define IDC_ML_SEND 811
+#define IDC_ML_CLOSE 812

@@ -67,6 +67,11 @@ TEST(SimChatRoom, EnterAndSendIconPostAndEmptyTheInput) {
     SendMessageA(parts.input, WM_CHAR, 13, 0);  // a blank line is not posted
 
     EXPECT_EQ(CtlLines({"transcript"}), (std::vector<std::string>{faded, "by icon"}));
+    // One tick count per posted line, in posting order, on the clock the tests read.
+    const std::vector<std::string> times = CtlLines({"post-times"});
+    ASSERT_EQ(times.size(), 2u);
+    const DWORD first = std::stoul(times[0]), second = std::stoul(times[1]);
+    EXPECT_LE(second - first, GetTickCount() - first);
     const std::string logged = ReadFileText(log);
     EXPECT_NE(logged.find("post\tLobby\tZun Fan\t" + faded + "\n"), std::string::npos) << logged;
 }
