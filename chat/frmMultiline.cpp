@@ -281,8 +281,13 @@ void frmMultiline::SendLines(HWND window, HWND input)
             ErrorTrap::Ignoring([&] { ShowWindow(input, SW_HIDE); });
         }
         ErrorTrap::Ignoring([&] { TextToChat(*out, 1); });
-        // AOL leaves a hidden input hidden.
-        ErrorTrap::Ignoring([&] { ShowChatInput(FindChildByClass(room, "RICHCNTL", 2)); });
+        // AOL leaves a hidden input hidden; giving it the line brought AOL in
+        // front of the panel, which goes back above it, and this window above both.
+        ErrorTrap::Ignoring([&] {
+            ShowChatInput(FindChildByClass(room, "RICHCNTL", 2));
+            ChatTools().KeepInFront();
+            if (hwnd() == window) FormOnTop(*this);
+        });
     }
 }
 
