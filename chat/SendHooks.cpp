@@ -8,8 +8,8 @@
 #include "ChatText.h"
 #include "ErrorTrap.h"
 #include "Options.h"
-#include "modAOLFunctions.h"
 #include "frmMultiline.h"
+#include "modAOLFunctions.h"
 #include "modFade.h"
 
 namespace {
