@@ -3,6 +3,9 @@
 // prismo-fade's output for the same scheme.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -12,6 +15,19 @@
 using namespace ChatLive;
 
 namespace {
+
+std::string TempFile(const std::string& name)
+{
+    char temp[MAX_PATH];
+    GetTempPathA(sizeof temp, temp);
+    return temp + name;
+}
+
+std::string ReadTextFile(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
 
 TEST_F(ChatLiveTest, LinesGoOutFadedAndCommandsDriveTheProgram)
 {
@@ -110,11 +126,15 @@ TEST_F(ChatLiveTest, WithoutShowPanelWithChatThePanelStaysAsItWas)
     EXPECT_EQ(Send("hooked anyway"), Faded("hooked anyway"));
 }
 
+// AOL closes through its own close, cleanly, once the program has let go.
 TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
 {
+    const std::string log = TempFile("prismo-close.log");
     for (int way = 0; way < 2; ++way) {
-        Start();
+        DeleteFileA(log.c_str());
+        Start("--room \"Town Square\" --log \"" + log + "\"");
         HWND frame = sim_.Frame();
+        HANDLE aol = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, sim_.Id());
         const DWORD asked = GetTickCount();
         if (way == 0)
             sim_.Ctl("quit");  // the close box
@@ -128,6 +148,16 @@ TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
         const DWORD closed = GetTickCount() - asked;
         EXPECT_FALSE(IsWindow(frame)) << way;
         EXPECT_GE(closed, 1400u) << way << ": AOL is held back while the program unloads";
+        DWORD code = 1;
+        WaitForSingleObject(aol, 10000);
+        GetExitCodeProcess(aol, &code);
+        CloseHandle(aol);
+        EXPECT_EQ(code, 0u) << way << ": AOL ended by a fault";
+        // After the close only AOL's own windows closing are logged.
+        const std::vector<std::string> lines = Lines(ReadTextFile(log));
+        const auto quit = std::find(lines.begin(), lines.end(), "quit");
+        ASSERT_NE(quit, lines.end()) << way;
+        for (auto line = quit + 1; line != lines.end(); ++line) EXPECT_EQ(line->rfind("close\t", 0), 0u) << *line;
         TearDown();
         SetUp();
     }

@@ -1,10 +1,7 @@
 // The hooks recover from what a real session brings: a program that answers
 // AOL late once, an attach that fails. And every end takes prismosbc.dll out
-// of AOL's process: menu Exit, Abort in the error report, AOL's close box.
-#include <algorithm>
+// of AOL's process: menu Exit and Abort in the error report.
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 
 #include "ChatLiveFixture.h"
 #include "HookModules.h"
@@ -104,35 +101,6 @@ TEST_F(HooksRecover, AbortInTheErrorReportTakesTheProgramOutOfAOL)
                  reinterpret_cast<LPARAM>(GetDlgItem(report, IDC_ERR_ABORT)));
     EXPECT_EQ(prismo_.Wait(10000), 0);
     LeftAOL();
-}
-
-// AOL's close box: the program lets go and AOL ends on its own, cleanly.
-TEST_F(HooksRecover, AOLsCloseBoxEndsAOLCleanly)
-{
-    char temp[MAX_PATH];
-    GetTempPathA(sizeof temp, temp);
-    const std::string log = std::string(temp) + "prismo-close.log";
-    DeleteFileA(log.c_str());
-    Start("--room \"Town Square\" --log \"" + log + "\"");
-    HANDLE aol = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, sim_.Id());
-    ASSERT_NE(aol, nullptr);
-    const DWORD asked = GetTickCount();
-    sim_.Ctl("quit");
-    EXPECT_TRUE(PumpUntil([&] { return WaitForSingleObject(aol, 0) == WAIT_OBJECT_0; }, 5000))
-        << "AOL still runs " << GetTickCount() - asked << " ms after its close box";
-    DWORD code = 1;
-    GetExitCodeProcess(aol, &code);
-    CloseHandle(aol);
-    EXPECT_EQ(code, 0u) << "AOL ended by a fault";
-    EXPECT_EQ(prismo_.Wait(5000), 0);
-    std::ifstream in(log, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    // AOL went through its own close: the main window's end is logged, and
-    // after it only its windows closing.
-    const std::vector<std::string> lines = Lines(text);
-    const auto quit = std::find(lines.begin(), lines.end(), "quit");
-    ASSERT_NE(quit, lines.end()) << text;
-    for (auto line = quit + 1; line != lines.end(); ++line) EXPECT_EQ(line->rfind("close\t", 0), 0u) << text;
 }
 
 }  // namespace
