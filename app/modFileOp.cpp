@@ -51,11 +51,12 @@ bool DirExists(const std::string& path)
     return false;
 }
 
-std::string ReadFile(const std::string& path)
+std::string ReadFile(const std::string& path, std::size_t atMost)
 {
     KernelHandle file = OpenOrRaise(path, GENERIC_READ, OPEN_EXISTING);
-    const DWORD size = GetFileSize(file.Get(), nullptr);
-    if (size == INVALID_FILE_SIZE) RaiseLastError();
+    const DWORD whole = GetFileSize(file.Get(), nullptr);
+    if (whole == INVALID_FILE_SIZE) RaiseLastError();
+    const DWORD size = whole < atMost ? whole : static_cast<DWORD>(atMost);
     std::string text(size, '\0');
     DWORD done = 0;
     while (done < size) {

@@ -16,8 +16,9 @@ bool FileExists(const std::string& path);
 // gives false.
 bool DirExists(const std::string& path);
 
-// The whole file as bytes.
-std::string ReadFile(const std::string& path);
+// The whole file as bytes; with `atMost`, no more than its first `atMost`
+// bytes (a huge file need not be read to be refused).
+std::string ReadFile(const std::string& path, std::size_t atMost = static_cast<std::size_t>(-1));
 
 // Creates or truncates the file and writes `text` as it stands, without a
 // line end. Errors are ignored; the result says whether it was written.

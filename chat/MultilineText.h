@@ -44,7 +44,7 @@ inline constexpr std::size_t kMultilineMaxText = 60000;
 
 // A text file's bytes as the window takes them: the text before a NUL byte,
 // with lone line feeds made Windows line ends. Nothing when that is longer
-// than kMultilineMaxText.
+// than kMultilineMaxText (so the file's first kMultilineMaxText + 1 bytes decide).
 std::optional<std::string> MultilineFileText(const std::string& bytes);
 
 // The window's text after a full chat line of `line` arrived: the line alone

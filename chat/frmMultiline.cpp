@@ -173,7 +173,7 @@ void frmMultiline::cmdInsert_Click()
     trap.Run([&] { FormOnTop(*this); });
     if (path.empty() || !Loaded()) return;
     std::optional<std::string> text;
-    if (!trap.Run([&] { text = MultilineFileText(ReadFile(path)); })) return;
+    if (!trap.Run([&] { text = MultilineFileText(ReadFile(path, kMultilineMaxText + 1)); })) return;
     if (!text) {
         ShowMsg("~B~CRThis file is too long!~B~CN~N ~NThe multiline window holds at most 60,000 characters; "
                 "the text stays as it was.",

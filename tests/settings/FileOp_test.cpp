@@ -60,6 +60,8 @@ TEST_F(FileOpTest, FilesAreReadAndWrittenByteForByte)
     // Writing again truncates.
     ASSERT_TRUE(WriteFile(path, "short"));
     EXPECT_EQ(ReadFile(path), "short");
+    EXPECT_EQ(ReadFile(path, 3), "sho");
+    EXPECT_EQ(ReadFile(path, 9), "short");
     ASSERT_TRUE(WriteFile(path, ""));
     EXPECT_EQ(ReadFile(path), "");
 }
