@@ -158,7 +158,7 @@ void TextToChat(const std::string& text, short mode)
     if (!room) {
         // Shown once the hooked key or click that asked for it has returned:
         // AOL waits for our handlers, and a message box would keep it waiting.
-        SbcRunAfterHookedMessage([] { AOLMessage("You must be in a ~B~CRchat room~B~CN to use this feature!", 64); });
+        SbcRunAfterHookedMessage([] { AOLMessage(kNoChatRoomMessage, 64); });
         return;
     }
     HWND transcript = FindWindowExA(room, nullptr, "RICHCNTL", nullptr);

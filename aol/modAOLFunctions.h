@@ -25,6 +25,9 @@ void AOLMessage(const std::string& message, long style);
 // picture button after the combo box; 0 when none does.
 HWND FindChatRoom(HWND parent, const std::string& className);
 
+// What TextToChat, and every sender of chat lines, tells when no chat room is open.
+inline constexpr char kNoChatRoomMessage[] = "You must be in a ~B~CRchat room~B~CN to use this feature!";
+
 // Puts `text` into the chat input of the current room. Mode 0: set the text;
 // 1: hide the input, set the text and send; 2: set the text, wait 500 ms,
 // send; any other mode only focuses the input.

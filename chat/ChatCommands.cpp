@@ -19,18 +19,6 @@ namespace {
 constexpr WPARAM kSelectAll = 20005;
 constexpr WPARAM kClear = 20004;
 
-// Holds a flag up while it lives.
-class FlagUp {
-public:
-    explicit FlagUp(bool& flag) : flag_(flag) { flag_ = true; }
-    ~FlagUp() { flag_ = false; }
-    FlagUp(const FlagUp&) = delete;
-    FlagUp& operator=(const FlagUp&) = delete;
-
-private:
-    bool& flag_;
-};
-
 }  // namespace
 
 // A command asked for while another one, an advertisement or a watcher tick
@@ -74,7 +62,7 @@ void ChatSession::ActivateCommand(const std::string& command)
             trap.Run([&] { OpenProgramWindow({ProgramWindow::Options, ""}); });
             break;
         case ChatCommand::Multiline:
-            trap.Run([&] { EnableMultiline(sbcChatEdit.Window(), 0, 0); });
+            trap.Run([&] { EnableMultiline(sbcChatEdit.Window(), false); });
             trap.Run([&] { OpenProgramWindow({ProgramWindow::MultilineInsert, ""}); });
             break;
         case ChatCommand::Keyword:
@@ -139,10 +127,14 @@ void ChatSession::CloseWithAOL()
     RunOneThing(false, [&] { UnhookPrismo(); });
 }
 
+bool ChatSession::Leaving() const
+{
+    return heldEnd_ != HeldEnd::None || AOLClosing || !Running() || !AOLWindow || !IsWindow(AOLWindow);
+}
+
 bool ChatSession::AdvertMustStop(HWND room) const
 {
-    if (heldEnd_ != HeldEnd::None || AOLClosing || !Running()) return true;
-    if (!AOLWindow || !IsWindow(AOLWindow) || !IsWindow(room)) return true;
+    if (Leaving() || !IsWindow(room)) return true;
     // Another room in front would get the remaining lines.
     return FindChatRoom(AOLMDIClient, "AOL Child") != room;
 }
@@ -201,24 +193,34 @@ void ChatSession::Advertise()
     AdvertFaderWasOn = false;
 }
 
-void ChatSession::EnableMultiline(HWND inputBox, int character, long lineLength)
+// Runs once AOL has finished with the key that filled the line, so the whole
+// line moves, however many keys came after that one. The input ends empty.
+void ChatSession::EnableMultiline(HWND inputBox, bool fullLine)
 {
     ErrorTrap trap("frmChatTools", "EnableMultiline");
-    std::string text;
+    if (fullLine && inputBox) {
+        catching_ = Catching::Moving;
+        caught_.clear();
+    }
+    std::string line;
     trap.Run([&] {
         if (!inputBox) return;
-        std::string buffer(static_cast<size_t>(lineLength) + 1, '\0');
-        const LRESULT got = SendMessageA(inputBox, WM_GETTEXT, buffer.size(),
-                                         reinterpret_cast<LPARAM>(&buffer[0]));
-        text.assign(buffer.data(), got > 0 ? static_cast<size_t>(got) : 0);
-    });
-    if (character != 0) text += static_cast<char>(character);
-    bool opened = false;
-    trap.Run([&] { opened = OpenProgramWindow({ProgramWindow::Multiline, text}); });
-    // The line now lives in the multiline window; without one it stays put.
-    if (!opened || !inputBox) return;
-    trap.Run([&] {
+        line = ReadChatLine(inputBox);
         SendMessageA(inputBox, WM_COMMAND, kSelectAll, 0);
         SendMessageA(inputBox, WM_COMMAND, kClear, 0);
+    });
+    bool opened = false;
+    trap.Run([&] { opened = OpenProgramWindow({ProgramWindow::Multiline, line}); });
+    if (opened) {
+        if (catching_ == Catching::Moving) catching_ = Catching::Typing;
+        trap.Run([&] { TypeCaught(); });
+        return;
+    }
+    // Without the window, the line and what followed it go back where they were.
+    catching_ = Catching::No;
+    const std::string back = line + caught_;
+    caught_.clear();
+    trap.Run([&] {
+        if (inputBox && !back.empty()) SendMessageA(inputBox, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(back.c_str()));
     });
 }

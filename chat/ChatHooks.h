@@ -44,6 +44,18 @@ public:
 // Puts `observer` before every request; nullptr removes it. The caller keeps it alive meanwhile.
 void SetProgramWindowObserver(ProgramWindowObserver* observer);
 
+// Holds a flag up while it lives.
+class FlagUp {
+public:
+    explicit FlagUp(bool& flag) : flag_(flag) { flag_ = true; }
+    ~FlagUp() { flag_ = false; }
+    FlagUp(const FlagUp&) = delete;
+    FlagUp& operator=(const FlagUp&) = delete;
+
+private:
+    bool& flag_;
+};
+
 // Shows the chat input again after we hid it to keep markup out of sight;
 // AOL leaves a hidden input hidden.
 void ShowChatInput(HWND input);

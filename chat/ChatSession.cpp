@@ -104,6 +104,8 @@ void ChatSession::HoldOffChatInputHook(bool holdOff)
 {
     ChatInputHeldOff = holdOff;
     if (holdOff) {
+        catching_ = Catching::No;
+        caught_.clear();
         ErrorTrap::Ignoring([&] { sbcChatEdit.Attach(nullptr, {}); });
     } else if (ChatHooked && Running()) {
         ChatHooked = HookChatRoom();

@@ -59,8 +59,10 @@ public:
     void ActivateCommand(const std::string& command);
     // Posts the five-line advertisement into the open chat room.
     void Advertise();
-    // Moves the first `lineLength` characters of `inputBox`, and `character` unless 0, into the multiline window.
-    void EnableMultiline(HWND inputBox, int character, long lineLength);
+    // Moves the whole line of `inputBox` into the multiline window and empties
+    // the input. After a full line (`fullLine`; the command passes false)
+    // what is still arriving at the input follows the line there.
+    void EnableMultiline(HWND inputBox, bool fullLine);
     // Carries out one command of the program's menu in AOL's menu bar.
     void RunMenuCommand(MenuCommand command);
     // Takes the program out of AOL, ends it, and lets AOL's close go on.
@@ -77,6 +79,8 @@ public:
     bool Busy() const { return commandsRunning_ > 0 || ticking_; }
     // Runs `work` (a multiline send, say) as a command unless something is under way; false when it did not run.
     bool RunAlone(const std::function<void()>& work);
+    // True once AOL or the program is going: work under way ends now and hooks nothing again.
+    bool Leaving() const;
 
 private:
     struct WindowCloser {
@@ -106,6 +110,12 @@ private:
                                  bool& noDefault);
     void SendHook_DelayedEvent(LONG_PTR value);
     void SendFadedLine(HWND input, const std::string& line);
+    // After a full line, the keys that still reach AOL's input (a key repeat,
+    // a paste) go on into the multiline window: caught while the line moves,
+    // typed on there once it has. It ends when the user is back in AOL's input.
+    enum class Catching { No, Moving, Typing };
+    bool CatchTyped(int character);
+    void TypeCaught();
     // The hook on AOL's main window (Watcher.cpp).
     void sbcMenu_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result,
                              bool& noDefault);
@@ -151,6 +161,8 @@ private:
     bool SendingEnter = false;         // our own Enter is on its way to the chat input
     bool AdvertFaderWasOn = false;     // the fader's state before an advertisement
     bool CommandPending = false;       // a "/" command waits for the send icon's button-up
+    Catching catching_ = Catching::No;  // keys for the multiline window
+    std::string caught_;               // caught and not yet typed on
     std::string PendingCommand;        // that command, without its slash
     HWND ChatInputWindow = nullptr;    // the chat input the hooks were attached to
     bool EFadeShown = false;           // the e-mail fader toolbar is up for a mail window

@@ -7,6 +7,7 @@
 #include "ChatText.h"
 #include "Form.h"
 #include "frmChatTools.h"
+#include "frmMultiline.h"
 #include "modAOLFunctions.h"
 #include "modAOLMenu.h"
 #include "modFindChild.h"
@@ -37,13 +38,15 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
     switch (request.which) {
     case ProgramWindow::Help:
         return OpenHelp(request.text);
+    case ProgramWindow::Multiline:
+        return OpenMultiline(request.text);
+    case ProgramWindow::MultilineInsert:
+        return ShowMultilineInsert();
     // Windows still to come; each is opened here once it is part of the program.
     case ProgramWindow::Options:
     case ProgramWindow::Wizard:
     case ProgramWindow::About:
     case ProgramWindow::VersionCheck:
-    case ProgramWindow::Multiline:
-    case ProgramWindow::MultilineInsert:
     case ProgramWindow::EMailToolbar:
     case ProgramWindow::EMailToolbarUnload:
         return false;

@@ -59,7 +59,7 @@ std::optional<std::string> MultilineFileText(const std::string& bytes)
 
 std::string AddFullLine(const std::string& text, const std::string& line)
 {
-    if (text.empty()) return line;
+    if (text.empty() || line.empty()) return text + line;
     const bool ended = text.size() >= 2 && text.compare(text.size() - 2, 2, "\r\n") == 0;
     return text + (ended ? "" : "\r\n") + line;
 }

@@ -35,6 +35,8 @@ using WrappedLengths = std::function<std::vector<long>(long width)>;
 // width it settled on.
 long FitWidth(long width, long minWidth, long limit, const WrappedLengths& lengthsAt);
 inline constexpr long kNarrowingStep = 1000;  // twips
+// Where narrowing stops: a tiny line limit would otherwise narrow the box to nothing.
+inline constexpr long kMinimumWrapWidth = 1000;  // twips
 
 // The most the multiline window holds, typed or read from a file: a Windows
 // 9x edit control holds 64 KB.
@@ -46,5 +48,6 @@ inline constexpr std::size_t kMultilineMaxText = 60000;
 std::optional<std::string> MultilineFileText(const std::string& bytes);
 
 // The window's text after a full chat line of `line` arrived: the line alone
-// in an empty window, else the line on a line of its own after what is there.
+// in an empty window, else the line on a line of its own after what is there;
+// an empty line changes nothing.
 std::string AddFullLine(const std::string& text, const std::string& line);

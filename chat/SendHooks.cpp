@@ -9,6 +9,7 @@
 #include "ErrorTrap.h"
 #include "Options.h"
 #include "modAOLFunctions.h"
+#include "frmMultiline.h"
 #include "modFade.h"
 
 namespace {
@@ -17,6 +18,8 @@ namespace {
 constexpr LONG_PTR kRunEnterCommand = 1;   // the command taken from an Enter
 constexpr LONG_PTR kRunClickCommand = 2;   // the command taken at the icon's button-down
 constexpr LONG_PTR kShowInput = 3;         // the click has sent the line: show the input
+constexpr LONG_PTR kMoveFullLine = 4;      // the line is full: into the multiline window
+constexpr LONG_PTR kTypeCaught = 5;        // keys caught after a full line: type them on
 
 void SetChatLine(HWND input, const char* text)
 {
@@ -54,18 +57,46 @@ void ShowChatInput(HWND input)
 // the input the keyboard brings AOL to the front; the panel stays above it.
 void ChatSession::SendHook_DelayedEvent(LONG_PTR value)
 {
-    if (value == kShowInput) {
+    switch (value) {
+    case kShowInput:
         ShowChatInput(sbcChatEdit.Window());
         panel_.KeepInFront();
         return;
-    }
-    // A click's command is taken once: a second click meanwhile finds none.
-    if (value == kRunClickCommand) {
+    case kMoveFullLine:
+        EnableMultiline(sbcChatEdit.Window(), true);
+        return;
+    case kTypeCaught:
+        if (catching_ != Catching::Moving) TypeCaught();
+        return;
+    case kRunClickCommand:
+        // A click's command is taken once: a second click meanwhile finds none.
         if (!CommandPending) return;
         CommandPending = false;
+        break;
+    default:
+        break;
     }
     const std::string command = PendingCommand;
     ActivateCommand(command);
+}
+
+bool ChatSession::CatchTyped(int character)
+{
+    if (catching_ == Catching::No) return false;
+    if (catching_ == Catching::Typing && !Multiline().Loaded()) {
+        catching_ = Catching::No;
+        return false;
+    }
+    caught_ += static_cast<char>(character);
+    if (catching_ == Catching::Typing && caught_.size() == 1) sbcChatEdit.PostDelayedEvent(kTypeCaught);
+    return true;
+}
+
+void ChatSession::TypeCaught()
+{
+    std::string keys;
+    keys.swap(caught_);
+    if (!keys.empty() && Multiline().Loaded()) Multiline().TypeOn(keys);
 }
 
 // Runs before the chat input sees each character. Errors are ignored step by
@@ -73,14 +104,23 @@ void ChatSession::SendHook_DelayedEvent(LONG_PTR value)
 void ChatSession::sbcChatEdit_WndMessageX(HWND window, UINT message, WPARAM wParam, LPARAM,
                                            LRESULT& result, bool& noDefault)
 {
+    // The user is back in AOL's input: what is typed there now stays there.
+    if (message == WM_SETFOCUS || message == WM_LBUTTONDOWN) catching_ = Catching::No;
     if (message != WM_CHAR || SendingEnter) return;
     const int character = static_cast<int>(wParam);
+    if (CatchTyped(character)) {
+        noDefault = true;
+        result = 0;
+        return;
+    }
     // The per-key path reads only the line's length and the options in memory.
+    // The key that fills the line goes on into it; the line moves once AOL
+    // has it, with whatever else is typed by then.
     ErrorTrap::Ignoring([&] {
         if (!Options.UseMultiline) return;
         const long length = static_cast<long>(SendMessageA(window, WM_GETTEXTLENGTH, 0, 0));
         if (IsFullLine(length, character, Options.FaderOn, Options.CharsInLine))
-            EnableMultiline(window, character, length);
+            sbcChatEdit.PostDelayedEvent(kMoveFullLine);
     });
     if (character != 13) return;
 

@@ -98,7 +98,8 @@ bool ChatSession::HookChatRoom()
     if (ChatInputHeldOff)
         ErrorTrap::Ignoring([&] { sbcChatEdit.Attach(nullptr, {}); });
     else
-        input = KeepHooked(sbcChatEdit, ChatInputWindow, {WM_CHAR});
+        // A click or the focus on the input says the user is typing there again.
+        input = KeepHooked(sbcChatEdit, ChatInputWindow, {WM_CHAR, WM_SETFOCUS, WM_LBUTTONDOWN});
     const bool icon = KeepHooked(sbcSendIcon, send, {WM_LBUTTONDOWN, WM_LBUTTONUP});
     return input && icon;
 }

@@ -95,15 +95,13 @@ TEST_F(Dispatch, CommandsAskedForWhileOneRunsAreIgnored)
     ExpectOne(ProgramWindow::Help, "Table of Contents", "after the first one ended");
 }
 
-TEST_F(Dispatch, AFullLineMovesWithTheCharacterTyped)
+TEST_F(Dispatch, AFullLineMovesWhole)
 {
-    HWND edit = CreateWindowA("EDIT", "a full line", WS_POPUP, 0, 0, 100, 20, nullptr, nullptr, nullptr, nullptr);
+    // The key that filled the line is in it by now, and so is anything typed after it.
+    HWND edit = CreateWindowA("EDIT", "a full line!!", WS_POPUP, 0, 0, 100, 20, nullptr, nullptr, nullptr, nullptr);
     ASSERT_TRUE(edit);
-    TheChatSession().EnableMultiline(edit, '!', 11);
-    ExpectOne(ProgramWindow::Multiline, "a full line!", "full line");
-    // Only the given length is read.
-    TheChatSession().EnableMultiline(edit, 0, 6);
-    ExpectOne(ProgramWindow::Multiline, "a full", "shorter length");
+    TheChatSession().EnableMultiline(edit, true);
+    ExpectOne(ProgramWindow::Multiline, "a full line!!", "full line");
     DestroyWindow(edit);
 }
 
@@ -196,7 +194,7 @@ TEST_F(Dispatch, TheWatcherTicksOnItsOwnWindowAndEndsTheSessionWithAOL)
 
 TEST(DispatchWithoutObserver, WindowsNotYetBuiltReportThatTheyDidNotOpen)
 {
-    EXPECT_FALSE(OpenProgramWindow({ProgramWindow::Multiline, "kept"}));
+    EXPECT_FALSE(OpenProgramWindow({ProgramWindow::Wizard, ""}));
     EXPECT_FALSE(OpenProgramWindow({ProgramWindow::About, ""}));
 }
 
