@@ -259,12 +259,14 @@ TEST_F(MultilineTest, SendPostsTheTextLineByLineAndGivesTheHookBack)
     ExpectWrapped(prose, pieces, 60);
     ExpectHookBack("faded again");
 
-    // Fader off: plain lines of at most 84, broken between words, not cut short.
+    // Fader off: plain lines of at most 84, broken between words, not cut
+    // short; a line of its own just over the limit is broken too.
     Send("/fadeoff");
     ASSERT_TRUE(Stored("Fader On", "False"));
-    const std::vector<std::string> lines = SendText(prose);
-    ExpectWrapped(prose, lines, 84);
-    EXPECT_LE(lines.size(), 4u) << Joined(lines);
+    const std::string text = prose + "\r\n" + Prose(85);
+    const std::vector<std::string> lines = SendText(text);
+    ExpectWrapped(text, lines, 84);
+    EXPECT_LE(lines.size(), 6u) << Joined(lines);
     // A blank line is skipped; a line of one space goes out as a no-break space.
     EXPECT_EQ(Joined(SendText("first\r\n\r\n \r\nlast")), "first\n\xA0\nlast\n");
 
