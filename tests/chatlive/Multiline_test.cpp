@@ -434,20 +434,27 @@ TEST_F(MultilineEndsTest, CloseRoomChangeAndAdvertiseMidSend)
     EXPECT_EQ(PostedSince(before_), ten);
 
     // The room closed with another open: one message, no further line in
-    // either room, the hook on the other room by the next tick.
-    ml = SendTenAndWaitForTwo();
-    ASSERT_TRUE(ml);
-    const size_t posts = LoggedPosts().size();
-    sim_.Ctl("close-room");
-    HWND box = nullptr;
-    ASSERT_TRUE(PumpUntil([&] { return (box = MessageShown()) != nullptr; }, 15000));
-    Press(box, IDC_MSG_CMD0);
-    ASSERT_TRUE(Closed(ml));
-    ASSERT_TRUE(Settled());
-    EXPECT_EQ(MessageShown(), nullptr) << "one message only";
-    EXPECT_LE(LoggedPosts().size(), posts + 1) << Joined(LoggedPosts());
-    ExpectHookBack("in the Lobby");
-    EXPECT_EQ(LoggedPosts().back(), "Lobby\t" + FadedByCli("Cool Fade", "in the Lobby"));
+    // either room, the hook on the other room by the next tick. Then the
+    // last room closed: one message again.
+    for (const char* left : {"Lobby", ""}) {
+        ml = SendTenAndWaitForTwo();
+        ASSERT_TRUE(ml) << left;
+        const size_t posts = LoggedPosts().size();
+        sim_.Ctl("close-room");
+        HWND box = nullptr;
+        ASSERT_TRUE(PumpUntil([&] { return (box = MessageShown()) != nullptr; }, 15000)) << left;
+        Press(box, IDC_MSG_CMD0);
+        ASSERT_TRUE(Closed(ml));
+        ASSERT_TRUE(Settled());
+        EXPECT_EQ(MessageShown(), nullptr) << left << ": one message only";
+        const std::vector<std::string> logged = LoggedPosts();
+        EXPECT_LE(logged.size(), posts + 1) << Joined(logged);
+        for (size_t i = posts; i < logged.size(); ++i) EXPECT_EQ(logged[i].rfind("Lobby\t", 0), std::string::npos);
+        if (*left) {
+            ExpectHookBack("in the Lobby");
+            EXPECT_EQ(LoggedPosts().back(), "Lobby\t" + FadedByCli("Cool Fade", "in the Lobby"));
+        }
+    }
 }
 
 TEST_F(MultilineTest, TheWindowKeepsItsPlaceOnTheScreen)
