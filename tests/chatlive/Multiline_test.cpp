@@ -155,7 +155,7 @@ protected:
     const std::string log_ = TempFile("multiline-aol.log", "");
 };
 
-// Fader off: lines of at most 84 characters; every word arrives whole and in order.
+// No line longer than `limit`; every word arrives whole and in order.
 void ExpectWrapped(const std::string& text, const std::vector<std::string>& lines, size_t limit)
 {
     for (const std::string& line : lines) EXPECT_LE(line.size(), limit) << line;
