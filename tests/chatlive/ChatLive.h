@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -73,6 +75,22 @@ inline long WatcherTicks(DWORD pid) { return AskSession(pid, kWatcherTicksMessag
 
 // Whether the program `pid` is still carrying out a chat or menu command.
 inline bool CommandRunning(DWORD pid) { return AskSession(pid, kCommandRunningMessage) > 0; }
+
+// A file of the temporary folder holding just `bytes`; its path.
+inline std::string TempFile(const std::string& name, const std::string& bytes = "")
+{
+    char folder[MAX_PATH] = "";
+    GetTempPathA(sizeof folder, folder);
+    const std::string path = std::string(folder) + name;
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+}
+
+inline std::string ReadTextFile(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
 
 // The lines of `text`, each ended by "\n" (a last unended piece is left out).
 inline std::vector<std::string> Lines(const std::string& text)

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -15,19 +13,6 @@
 using namespace ChatLive;
 
 namespace {
-
-std::string TempFile(const std::string& name)
-{
-    char temp[MAX_PATH];
-    GetTempPathA(sizeof temp, temp);
-    return temp + name;
-}
-
-std::string ReadTextFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 TEST_F(ChatLiveTest, LinesGoOutFadedAndCommandsDriveTheProgram)
 {
@@ -129,9 +114,8 @@ TEST_F(ChatLiveTest, WithoutShowPanelWithChatThePanelStaysAsItWas)
 // AOL closes through its own close, cleanly, once the program has let go.
 TEST_F(ChatLiveTest, ClosingAOLUnhooksUnloadsAndThenLetsAOLClose)
 {
-    const std::string log = TempFile("prismo-close.log");
     for (int way = 0; way < 2; ++way) {
-        DeleteFileA(log.c_str());
+        const std::string log = TempFile("prismo-close.log");
         Start("--room \"Town Square\" --log \"" + log + "\"");
         HWND frame = sim_.Frame();
         HANDLE aol = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, sim_.Id());

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 
 #include "ChatLiveFixture.h"
 
@@ -61,15 +60,6 @@ std::string Unmarked(const std::string& line)
         else if (!inTag) plain += c;
     }
     return plain;
-}
-
-std::string TempFile(const std::string& name, const std::string& bytes)
-{
-    char folder[MAX_PATH] = "";
-    GetTempPathA(sizeof folder, folder);
-    const std::string path = std::string(folder) + name;
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
 }
 
 class MultilineTest : public ChatLiveTest {
@@ -142,9 +132,8 @@ protected:
     // Every line the simulator logged as posted to a room: "ROOM\tTEXT".
     std::vector<std::string> LoggedPosts()
     {
-        std::ifstream in(log_, std::ios::binary);
         std::vector<std::string> posts;
-        for (std::string line; std::getline(in, line);) {
+        for (const std::string& line : Lines(ReadTextFile(log_))) {
             if (line.rfind("post\t", 0) != 0) continue;
             const size_t room = line.find('\t') + 1, name = line.find('\t', room), text = line.find('\t', name + 1);
             posts.push_back(line.substr(room, name - room) + "\t" + line.substr(text + 1));
@@ -152,7 +141,7 @@ protected:
         return posts;
     }
 
-    const std::string log_ = TempFile("multiline-aol.log", "");
+    const std::string log_ = TempFile("multiline-aol.log");
 };
 
 // No line longer than `limit`; every word arrives whole and in order.

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 namespace {
 
 constexpr UINT WM_SIM_READY = WM_APP + 52;  // the simulator answers 1 once its start-up windows are open
@@ -130,8 +132,13 @@ bool SimAOL::StartIn(const std::string& folder, const std::string& options)
     // One simulator at a time: another would answer FindWindow.
     PumpUntil([] { return !FindWindowA("AOL FRAME25", nullptr); }, 5000);
     folder_ = folder;
-    if (!process_.Start("\"" + folder_ + "\\waol.exe\" " + options)) return false;
+    // A start that fails says why, so that a rare failure can be told apart.
+    if (!process_.Start("\"" + folder_ + "\\waol.exe\" " + options)) {
+        std::fprintf(stderr, "waol.exe in %s did not start: error %lu\n", folder_.c_str(), GetLastError());
+        return false;
+    }
     frame_ = WaitForProcessWindow("AOL FRAME25", process_.Id(), 20000);
+    if (!frame_) std::fprintf(stderr, "waol.exe never showed its main window (exit %d)\n", process_.Wait(0));
     return frame_ && PumpUntil([&] { return Ready(frame_); }, 20000);
 }
 
