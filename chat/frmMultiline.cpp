@@ -194,9 +194,24 @@ void frmMultiline::TakeFullLine(const std::string& line)
     TakeKeyboard(hwnd(), txtChat);
 }
 
+// Runs of printable characters go in at once: a key at a time, a long text
+// would be laid out again for every key. The others are typed as keys.
 void frmMultiline::TypeOn(const std::string& characters)
 {
-    for (unsigned char c : characters) SendMessageA(txtChat, WM_CHAR, c, 0);
+    std::string run;
+    const auto putRun = [&] {
+        if (!run.empty()) SendMessageA(txtChat, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(run.c_str()));
+        run.clear();
+    };
+    for (unsigned char c : characters) {
+        if (c >= 32) {
+            run += static_cast<char>(c);
+            continue;
+        }
+        putRun();
+        SendMessageA(txtChat, WM_CHAR, c, 0);
+    }
+    putRun();
 }
 
 // Errors are ignored step by step: a line that fails does not keep the next

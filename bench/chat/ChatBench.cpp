@@ -60,7 +60,9 @@ int main()
 {
     EndEveryAOL();
     FreshSettings(SimFolder() + "aol40");
-    // "Use Multiline" stays on, so every key also asks for the line's length.
+    // "Use Multiline" stays on, so every key also asks for the line's length;
+    // the line is never full here, so it stays in AOL's input.
+    SetOption("Multiline", "Chars In Line", "30000");
     SimAOL sim;
     if (!sim.Start("40", "--signed-on \"Zun Tester\" --room \"Town Square\"")) {
         std::fprintf(stderr, "the simulator did not start\n");
