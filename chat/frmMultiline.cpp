@@ -191,7 +191,6 @@ void frmMultiline::TakeFullLine(const std::string& line)
     const WPARAM end = after.size();
     SendMessageA(txtChat, EM_SETSEL, end, static_cast<LPARAM>(end));
     SendMessageA(txtChat, EM_SCROLLCARET, 0, 0);
-    TakeKeyboard(hwnd(), txtChat);
 }
 
 // Runs of printable characters go in at once: a key at a time, a long text
@@ -354,10 +353,12 @@ bool OpenMultiline(const std::string& line)
     frmMultiline& form = Multiline();
     if (!form.Load()) return false;
     ShowWindow(form.cmdInsert.hwnd(), SW_HIDE);
+    // The line is in before the window shows: it never appears empty.
+    form.TakeFullLine(line);
     ShowWindow(form.hwnd(), SW_SHOW);
     DoEvents();
     if (!form.Loaded()) return false;
-    form.TakeFullLine(line);
+    TakeKeyboard(form.hwnd(), form.txtChat);
     return true;
 }
 

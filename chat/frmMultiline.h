@@ -31,8 +31,7 @@ public:
 
     // True while SendMultiline runs.
     bool Sending() const { return sending_; }
-    // Adds a full chat line at the end of the text, puts the caret after it
-    // and the keyboard in txtChat.
+    // Adds a full chat line at the end of the text and puts the caret after it.
     void TakeFullLine(const std::string& line);
     // Characters typed into AOL's chat input after a full line, typed on here.
     void TypeOn(const std::string& characters);
