@@ -8,12 +8,7 @@
 #include <string>
 #include <vector>
 
-// The maker's addresses, used by the advertisement and the online support
-// command; change them here only.
-namespace Maker {
-inline constexpr char EMail[] = "prismo@zunsoftware.com";
-inline constexpr char WebSite[] = "http://www.zunsoftware.com";
-}  // namespace Maker
+#include "Maker.h"
 
 // The chat session's hidden window (its class name) and the registered
 // messages it answers: the number of watcher ticks done so far, and 1 while a
