@@ -244,11 +244,12 @@ bool GetScreenNames()
     return master;
 }
 
-bool GetSignOnScreenNames()
+bool GetSignOnScreenNames(bool mayEndProgram)
 {
     ErrorTrap trap("modAOLFunctions", "GetSignOnScreenNames");
     HWND combo = nullptr;
     if (!trap.Run([&] { combo = FindSignOnList(); })) return false;
+    if (!combo && !mayEndProgram) return false;
     if (!combo) {
         AOLMessage("Prismo timed out waiting for America Online to load.~N ~NPlease start America "
                    "Online first and then start Prismo",
@@ -293,6 +294,8 @@ std::string GetCurrentScreenName()
     return name;
 }
 
+HWND FindWriteMail() { return FindMDIChild(AOLEdition.Australia ? "Write e-mail" : "Write Mail"); }
+
 HWND OpenEMail()
 {
     ErrorTrap trap("modAOLFunctions", "OpenEMail");
@@ -305,16 +308,16 @@ HWND OpenEMail()
             SendMessageA(write, WM_LBUTTONUP, 0, 0);
         }
     });
-    const char* caption = AOLEdition.Australia ? "Write e-mail" : "Write Mail";
     const double start = SecondsSinceMidnight();
     for (;;) {
         HWND mail = nullptr;
-        if (!trap.Run([&] { mail = FindMDIChild(caption); })) return nullptr;
+        if (!trap.Run([&] { mail = FindWriteMail(); })) return nullptr;
         if (mail) return mail;
         double elapsed = SecondsSinceMidnight() - start;
         if (elapsed < 0) elapsed += 24 * 60 * 60;
         if (elapsed >= 10) return nullptr;
         Pause(50);
+        if (!DoEvents()) return nullptr;  // the program is quitting
     }
 }
 

@@ -51,10 +51,13 @@ bool GetScreenNames();
 // The six screen names from the sign-on screen's list in AOL's memory,
 // waiting up to three rounds of ten seconds for the list. After the third
 // round without it the user is told and the program ends (false where it
-// cannot end). When AOL's memory cannot be read the names stay as they were.
-bool GetSignOnScreenNames();
+// cannot end); with `mayEndProgram` false it only returns false, the names as
+// they were. When AOL's memory cannot be read the names stay as they were.
+bool GetSignOnScreenNames(bool mayEndProgram = true);
 std::string GetCurrentScreenName();
 
+// The new mail open in AOL ("Write Mail", "Write e-mail" in Australia), or 0.
+HWND FindWriteMail();
 // Clicks AOL's write-mail button and returns the new mail window, or 0 when
 // none appeared within 10 seconds.
 HWND OpenEMail();

@@ -41,6 +41,7 @@ HWND WaitFor(const std::function<HWND()>& find)
         if (found) return found;
         if (SecondsSince(start) >= kWaitSeconds) return nullptr;
         Pause(10);
+        if (!DoEvents()) return nullptr;  // the program is quitting: nothing more will come
     }
 }
 

@@ -14,6 +14,33 @@ UINT AOLMailFormat()
 {
     return RegisterClipboardFormatA("AOLMAIL");
 }
+
+// The text of the open clipboard's `format`, up to its NUL or the block's end.
+std::optional<std::string> ReadFormat(UINT format)
+{
+    HANDLE block = GetClipboardData(format);
+    if (!block) return std::nullopt;
+    GlobalLockScope lock(static_cast<HGLOBAL>(block));
+    const char* data = static_cast<const char*>(lock.Data());
+    if (!data) return std::nullopt;
+    // The block may hold no NUL of its own; never read past its end.
+    const size_t size = GlobalSize(static_cast<HGLOBAL>(block));
+    const void* nul = std::memchr(data, 0, size);
+    return std::string(data, nul ? static_cast<size_t>(static_cast<const char*>(nul) - data) : size);
+}
+
+// Hands `text` to the open clipboard as `format`.
+void WriteFormat(UINT format, const std::string& text)
+{
+    GlobalBlock block(text.size() + 1);
+    if (!block.get()) return;
+    {
+        GlobalLockScope lock(block.get());
+        if (lock.Data()) std::memcpy(lock.Data(), text.data(), text.size());
+    }
+    // Once the clipboard takes the block, it is the clipboard's to free.
+    if (SetClipboardData(format, block.get())) block.Release();
+}
 }  // namespace
 
 std::string GetRichText(HWND owner)
@@ -22,15 +49,8 @@ std::string GetRichText(HWND owner)
     std::string text;
     trap.Run([&] {
         OpenClipboardScope clipboard(owner);
-        HANDLE block = GetClipboardData(AOLMailFormat());
-        GlobalLockScope lock(static_cast<HGLOBAL>(block));
-        const char* data = static_cast<const char*>(lock.Data());
-        if (!data) return;
-        // The block may hold no NUL of its own; never read past its end.
-        const size_t size = GlobalSize(static_cast<HGLOBAL>(block));
-        const void* nul = std::memchr(data, 0, size);
-        const size_t length = nul ? static_cast<size_t>(static_cast<const char*>(nul) - data) : size;
-        if (length < kReadLimit) text.assign(data, length);
+        const std::optional<std::string> held = ReadFormat(AOLMailFormat());
+        if (held && held->size() < kReadLimit) text = *held;
     });
     return text;
 }
@@ -39,15 +59,35 @@ void PutRichText(HWND owner, const std::string& text)
 {
     ErrorTrap trap("modRichText", "PutRichText");
     trap.Run([&] {
-        GlobalBlock block(text.size() + 1);
-        if (!block.get()) return;
-        {
-            GlobalLockScope lock(block.get());
-            if (lock.Data()) std::memcpy(lock.Data(), text.data(), text.size());
-        }
         OpenClipboardScope clipboard(owner);
         EmptyClipboard();
-        // Once the clipboard takes the block, it is the clipboard's to free.
-        if (SetClipboardData(AOLMailFormat(), block.get())) block.Release();
+        WriteFormat(AOLMailFormat(), text);
     });
+}
+
+std::string GetClipboardText(HWND owner)
+{
+    OpenClipboardScope clipboard(owner);
+    return ReadFormat(CF_TEXT).value_or("");
+}
+
+void ClearClipboard(HWND owner)
+{
+    OpenClipboardScope clipboard(owner);
+    if (clipboard.IsOpen()) EmptyClipboard();
+}
+
+ClipboardTexts SaveClipboardTexts(HWND owner)
+{
+    OpenClipboardScope clipboard(owner);
+    return {ReadFormat(AOLMailFormat()), ReadFormat(CF_TEXT)};
+}
+
+void RestoreClipboardTexts(HWND owner, const ClipboardTexts& saved)
+{
+    OpenClipboardScope clipboard(owner);
+    if (!clipboard.IsOpen()) return;
+    EmptyClipboard();
+    if (saved.aolMail) WriteFormat(AOLMailFormat(), *saved.aolMail);
+    if (saved.plain) WriteFormat(CF_TEXT, *saved.plain);
 }

@@ -22,6 +22,7 @@ enum class ProgramWindow {
     MultilineInsert,  // the multiline window's Insert button made visible
     EMailToolbar,   // the e-mail fader toolbar for EMailWindow, shown without activating
     EMailToolbarUnload,
+    EMailFades,     // the scheme mailer, from the panel's E-Mail button
 };
 
 struct ProgramWindowRequest {

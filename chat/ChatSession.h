@@ -63,6 +63,8 @@ public:
     // the input. After a full line (`fullLine`; the command passes false)
     // what is still arriving at the input follows the line there.
     void EnableMultiline(HWND inputBox, bool fullLine);
+    // Shows the panel because the user asked for it: it no longer goes when the chat room does.
+    void ShowPanelAskedFor();
     // Carries out one command of the program's menu in AOL's menu bar.
     void RunMenuCommand(MenuCommand command);
     // Takes the program out of AOL, ends it, and lets AOL's close go on.

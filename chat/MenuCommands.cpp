@@ -1,5 +1,4 @@
-// The commands of the program's menu in AOL's menu bar, and the one place
-// where chat commands and menu commands open the program's other windows.
+// The commands of the program's menu in AOL's menu bar.
 #include <windows.h>
 
 #include "ChatHooks.h"
@@ -7,51 +6,15 @@
 #include "ChatText.h"
 #include "Form.h"
 #include "frmChatTools.h"
-#include "frmMultiline.h"
 #include "modAOLFunctions.h"
 #include "modAOLMenu.h"
 #include "modFindChild.h"
 #include "modWin32API.h"
 
-namespace {
-
-ProgramWindowObserver*& Observer()
+void ChatSession::ShowPanelAskedFor()
 {
-    static ProgramWindowObserver* observer = nullptr;
-    return observer;
-}
-
-// Help opens in front of the panel and waits for the help window.
-bool OpenHelp(const std::string& topic)
-{
-    RunWinHelp(ChatTools().hwnd(), topic, 0);
-    return true;
-}
-
-}  // namespace
-
-void SetProgramWindowObserver(ProgramWindowObserver* observer) { Observer() = observer; }
-
-bool OpenProgramWindow(const ProgramWindowRequest& request)
-{
-    if (Observer() && Observer()->Intercept(request)) return true;
-    switch (request.which) {
-    case ProgramWindow::Help:
-        return OpenHelp(request.text);
-    case ProgramWindow::Multiline:
-        return OpenMultiline(request.text);
-    case ProgramWindow::MultilineInsert:
-        return ShowMultilineInsert();
-    // Windows still to come; each is opened here once it is part of the program.
-    case ProgramWindow::Options:
-    case ProgramWindow::Wizard:
-    case ProgramWindow::About:
-    case ProgramWindow::VersionCheck:
-    case ProgramWindow::EMailToolbar:
-    case ProgramWindow::EMailToolbarUnload:
-        return false;
-    }
-    return false;
+    PanelShownForChat = false;
+    panel_.ShowPanel();
 }
 
 // While a command, an advertisement or a watcher tick runs, the panel still

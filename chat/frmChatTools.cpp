@@ -3,16 +3,16 @@
 // at once, and then the keyboard goes back to the chat room.
 #include "frmChatTools.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <cstring>
 
+#include "ChatHooks.h"
 #include "Convert.h"
 #include "ErrorTrap.h"
 #include "FormPlacement.h"
 #include "InputBox.h"
 #include "SchemeFiles.h"
+#include "Schemes.h"
 #include "modAOLFunctions.h"
 #include "modCmnDlg.h"
 #include "modFindChild.h"
@@ -177,7 +177,7 @@ void frmChatTools::OnLoad()
 
 void frmChatTools::OnUnload()
 {
-    toolTip_ = nullptr;  // destroyed with the panel it belongs to
+    toolTips_.Forget();  // destroyed with the panel it belongs to
 }
 
 void frmChatTools::ShowPanel()
@@ -241,21 +241,7 @@ void frmChatTools::ApplyState(bool expanded)
 void frmChatTools::SetMinToolTip(const std::string& text)
 {
     cmdMinToolTip = text;
-    TOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V1_SIZE;  // what Windows 95's own common controls know
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = hwnd();
-    tool.uId = reinterpret_cast<UINT_PTR>(cmdMin.hwnd());
-    tool.lpszText = const_cast<char*>(cmdMinToolTip.c_str());
-    if (!toolTip_) {
-        InitCommonControls();
-        toolTip_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT,
-                                   CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd(), nullptr,
-                                   GetModuleHandleA(nullptr), nullptr);
-        SendMessageA(toolTip_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-    } else {
-        SendMessageA(toolTip_, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
-    }
+    toolTips_.Set(hwnd(), cmdMin.hwnd(), text);
 }
 
 // ---- schemes ---------------------------------------------------------------
@@ -264,9 +250,7 @@ void frmChatTools::GetSchemes()
 {
     const RegKey key = RegKey::Open(HKEY_CURRENT_USER, std::string(kSettingsRoot) + Section::Schemes, KEY_READ);
     if (!key) {
-        ShowMsg("~B~CRCannot open registry key \"SCHEMES\"~B~CN~N ~NPlease reinstall Prismo to restore this key.~N "
-                "~N open key.~N ~NThis function will now end.",
-                16);
+        ShowMsg(kNoSchemesKeyMessage, 16);
         return;
     }
     SendMessageA(cboSchemes, CB_RESETCONTENT, 0, 0);
@@ -502,7 +486,10 @@ void frmChatTools::cmdRefresh_Click()
 }
 
 // The scheme mailer arrives with the e-mail part of the program.
-void frmChatTools::cmdEmail_Click() {}
+void frmChatTools::cmdEmail_Click()
+{
+    RunTrapped("cmdEmail_Click", [] { OpenProgramWindow({ProgramWindow::EMailFades, ""}); });
+}
 
 void frmChatTools::cmdMin_Click()
 {

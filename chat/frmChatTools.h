@@ -13,6 +13,7 @@
 #include "ChatSession.h"
 #include "Form.h"
 #include "Options.h"
+#include "ToolTips.h"
 #include "modZunBtns.h"
 
 // The preview strip: a child window painted by the panel.
@@ -101,7 +102,7 @@ private:
     std::string SchemeText() const;
     void SetMinToolTip(const std::string& text);
 
-    HWND toolTip_ = nullptr;
+    ToolTips toolTips_;
 };
 
 // The program's one control panel.

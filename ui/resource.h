@@ -87,3 +87,24 @@
 #define IDC_ML_INSERT 810
 #define IDC_ML_SEND 811
 #define IDC_ML_CLOSE 812
+
+// frmEFade (the e-mail fader toolbar): 900-999
+#define IDD_EFADE 900
+#define IDC_EF_LABEL1 901  // the strip the toolbar is dragged by
+#define IDC_EF_FADE 910
+#define IDC_EF_UNDO 911
+#define IDC_EF_CP 912
+#define IDC_EF_EXIT 913
+
+// frmFadeMsg (please wait while a mail is faded): 1000-1099
+#define IDD_FADEMSG 1000
+#define IDC_FM_LABEL1 1001
+#define IDC_FM_MSG 1002
+#define IDC_FM_LABEL3 1003
+
+// frmEMailFade (mailing Fade Schemes): 1100-1199
+#define IDD_EMAILFADE 1100
+#define IDC_EM_SCHEMES 1101
+#define IDC_EM_LABEL 1102
+#define IDC_EM_EMAIL 1110
+#define IDC_EM_EXIT 1111

@@ -1,0 +1,56 @@
+// The one place where chat commands, menu commands, the watcher and the
+// panel open the program's other windows. It sits above every subsystem, so
+// none of them needs to know another's windows.
+#include <windows.h>
+
+#include "ChatHooks.h"
+#include "frmChatTools.h"
+#include "frmEFade.h"
+#include "frmEMailFade.h"
+#include "frmMultiline.h"
+#include "modWin32API.h"
+
+namespace {
+
+ProgramWindowObserver*& Observer()
+{
+    static ProgramWindowObserver* observer = nullptr;
+    return observer;
+}
+
+// Help opens in front of the panel and waits for the help window.
+bool OpenHelp(const std::string& topic)
+{
+    RunWinHelp(ChatTools().hwnd(), topic, 0);
+    return true;
+}
+
+}  // namespace
+
+void SetProgramWindowObserver(ProgramWindowObserver* observer) { Observer() = observer; }
+
+bool OpenProgramWindow(const ProgramWindowRequest& request)
+{
+    if (Observer() && Observer()->Intercept(request)) return true;
+    switch (request.which) {
+    case ProgramWindow::Help:
+        return OpenHelp(request.text);
+    case ProgramWindow::Multiline:
+        return OpenMultiline(request.text);
+    case ProgramWindow::MultilineInsert:
+        return ShowMultilineInsert();
+    case ProgramWindow::EMailToolbar:
+        return ShowEMailToolbar();
+    case ProgramWindow::EMailToolbarUnload:
+        return UnloadEMailToolbar();
+    case ProgramWindow::EMailFades:
+        return ShowEMailFades();
+    // Windows still to come; each is opened here once it is part of the program.
+    case ProgramWindow::Options:
+    case ProgramWindow::Wizard:
+    case ProgramWindow::About:
+    case ProgramWindow::VersionCheck:
+        return false;
+    }
+    return false;
+}
