@@ -92,6 +92,34 @@ inline std::string ReadTextFile(const std::string& path)
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+// Drags `window` by its part `handle` with the real mouse, `dx` and `dy`
+// pixels, in steps the window follows one by one.
+inline void DragBy(HWND window, HWND handle, int dx, int dy)
+{
+    const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    RECT start, now, grip;
+    GetWindowRect(window, &start);
+    GetWindowRect(handle, &grip);
+    const auto mouse = [&](DWORD flags, int x, int y) {
+        INPUT in = {};
+        in.type = INPUT_MOUSE;
+        in.mi.dx = x * 65535 / (screen.right - 1);
+        in.mi.dy = y * 65535 / (screen.bottom - 1);
+        in.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+        SendInput(1, &in, sizeof in);
+    };
+    const int x = (grip.left + grip.right) / 2, y = (grip.top + grip.bottom) / 2;
+    mouse(0, x, y);
+    mouse(MOUSEEVENTF_LEFTDOWN, x, y);
+    // Step by step, each once the window has followed the last (the first
+    // may come before the system has taken the drag up).
+    for (int step = 1; step <= 10; ++step) {
+        mouse(0, x + step * dx / 10, y + step * dy / 10);
+        PumpUntil([&] { GetWindowRect(window, &now); return now.left == start.left + step * dx / 10; }, 2000);
+    }
+    mouse(MOUSEEVENTF_LEFTUP, x + dx, y + dy);
+}
+
 // The lines of `text`, each ended by "\n" (a last unended piece is left out).
 inline std::vector<std::string> Lines(const std::string& text)
 {

@@ -460,26 +460,7 @@ TEST_F(MultilineTest, TheWindowKeepsItsPlaceOnTheScreen)
     EXPECT_TRUE(GetWindowLongA(ml, GWL_EXSTYLE) & WS_EX_TOPMOST);
 
     // Dragged by the progress bar: the new place is stored in twips.
-    RECT bar;
-    GetWindowRect(GetDlgItem(ml, IDC_ML_PROGRESS), &bar);
-    const auto mouse = [&](DWORD flags, int x, int y) {
-        INPUT in = {};
-        in.type = INPUT_MOUSE;
-        in.mi.dx = x * 65535 / (screen.right - 1);
-        in.mi.dy = y * 65535 / (screen.bottom - 1);
-        in.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-        SendInput(1, &in, sizeof in);
-    };
-    const int x = (bar.left + bar.right) / 2, y = (bar.top + bar.bottom) / 2;
-    mouse(0, x, y);
-    mouse(MOUSEEVENTF_LEFTDOWN, x, y);
-    // Step by step, each once the window has followed the last (the first
-    // may come before the system has taken the drag up).
-    for (int step = 1; step <= 10; ++step) {
-        mouse(0, x - step * 10, y - step * 8);
-        PumpUntil([&] { GetWindowRect(ml, &bar); return bar.left == r.left - step * 10; }, 2000);
-    }
-    mouse(MOUSEEVENTF_LEFTUP, x - 100, y - 80);
+    DragBy(ml, GetDlgItem(ml, IDC_ML_PROGRESS), -100, -80);
     ASSERT_TRUE(PumpUntil([&] { return !Option("ChatExtPos", "Left").empty(); }, 15000)) << "never stored";
     RECT moved;
     GetWindowRect(ml, &moved);
