@@ -120,6 +120,20 @@ inline void DragBy(HWND window, HWND handle, int dx, int dy)
     mouse(MOUSEEVENTF_LEFTUP, x + dx, y + dy);
 }
 
+// A text as the simulator's log writes it, line ends, tabs and backslashes escaped.
+inline std::string Escaped(const std::string& text)
+{
+    std::string out;
+    for (char c : text) {
+        if (c == '\r') out += "\\r";
+        else if (c == '\n') out += "\\n";
+        else if (c == '\t') out += "\\t";
+        else if (c == '\\') out += "\\\\";
+        else out += c;
+    }
+    return out;
+}
+
 // The lines of `text`, each ended by "\n" (a last unended piece is left out).
 inline std::vector<std::string> Lines(const std::string& text)
 {
@@ -128,6 +142,15 @@ inline std::vector<std::string> Lines(const std::string& text)
     for (size_t end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
         lines.push_back(text.substr(start, end - start));
     return lines;
+}
+
+// What the simulator logged to `log` as `event`: the rest of each such line.
+inline std::vector<std::string> Logged(const std::string& log, const std::string& event)
+{
+    std::vector<std::string> found;
+    for (const std::string& line : Lines(ReadTextFile(log)))
+        if (line.rfind(event + "\t", 0) == 0) found.push_back(line.substr(event.size() + 1));
+    return found;
 }
 
 }  // namespace ChatLive

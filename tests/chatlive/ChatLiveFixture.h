@@ -30,7 +30,15 @@ protected:
     // AOL signed on in a room, then Prismo, until its watcher has hooked the room.
     void Start(const std::string& simOptions = "--room \"Town Square\"")
     {
-        ASSERT_TRUE(sim_.Start("40", "--signed-on \"Zun Tester\" " + simOptions));
+        StartBeside("40", "--signed-on \"Zun Tester\" " + simOptions);
+    }
+
+    // AOL `version` ("40", "50") started with `simOptions` alone, then Prismo
+    // with that AOL's folder stored, until its hooks are in place.
+    void StartBeside(const std::string& version, const std::string& simOptions)
+    {
+        SetOption("", "AOL Path", SimFolder() + "aol" + version);
+        ASSERT_TRUE(sim_.Start(version, simOptions));
         ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
         PumpUntil([&] { return (panel_ = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW, false)) != nullptr; },
                   60000);
@@ -106,6 +114,30 @@ protected:
     bool KeywordSeen(const std::string& keyword)
     {
         return PumpUntil([&] { return sim_.Ctl("keywords").find(keyword + "\n") != std::string::npos; }, 5000);
+    }
+
+    // A button of one of the program's windows pressed, as a click posts it.
+    void Press(HWND window, int id)
+    {
+        PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
+    }
+    // The program's message box shown now, its text, and the box dismissed;
+    // "" when none came.
+    std::string Message(DWORD ms = 10000)
+    {
+        HWND box = nullptr;
+        PumpUntil([&] { return (box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA)) != nullptr; }, ms);
+        if (!box) return "";
+        const std::string text = WindowText(GetDlgItem(box, IDC_MSG_AREA));
+        Press(box, IDC_MSG_CMD0);
+        PumpUntil([&] { return !IsWindow(box) || !IsWindowVisible(box); }, 5000);
+        return text;
+    }
+    // What AOL's clipboard holds in `format` ("aolmail", "text"); "(none)" when nothing.
+    std::string Clipboard(const std::string& format)
+    {
+        std::string out;
+        return sim_.Ctl("clipboard " + format, out) == 0 ? out : "(none)";
     }
 
     SimAOL sim_;

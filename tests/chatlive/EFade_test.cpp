@@ -6,20 +6,6 @@
 namespace ChatLive {
 namespace {
 
-// A log's text field as the simulator writes it.
-std::string Escaped(const std::string& text)
-{
-    std::string out;
-    for (char c : text) {
-        if (c == '\r') out += "\\r";
-        else if (c == '\n') out += "\\n";
-        else if (c == '\t') out += "\\t";
-        else if (c == '\\') out += "\\\\";
-        else out += c;
-    }
-    return out;
-}
-
 class EFadeTest : public ChatLiveTest {
 protected:
     void StartWithMail(const std::string& options = "--mail")
@@ -39,10 +25,6 @@ protected:
         const long ticks = WatcherTicks(prismo_.Id());
         ASSERT_TRUE(PumpUntil([&] { return WatcherTicks(prismo_.Id()) >= ticks + 2; }, 10000));
     }
-    void Press(HWND window, int id)
-    {
-        PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
-    }
     // Apply Fade pressed; true once the fade has run to its end.
     bool ApplyFade(HWND bar)
     {
@@ -51,29 +33,7 @@ protected:
                PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 30000);
     }
     // The texts the simulator logged as pasted in the "AOLMAIL" format.
-    std::vector<std::string> Pasted()
-    {
-        std::vector<std::string> pasted;
-        for (const std::string& line : Lines(ReadTextFile(log_)))
-            if (line.rfind("paste-aolmail\t", 0) == 0) pasted.push_back(line.substr(14));
-        return pasted;
-    }
-    // The message box shown now, its text; "" when none came.
-    std::string Message()
-    {
-        HWND box = nullptr;
-        PumpUntil([&] { return (box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA)) != nullptr; }, 10000);
-        if (!box) return "";
-        const std::string text = WindowText(GetDlgItem(box, IDC_MSG_AREA));
-        Press(box, IDC_MSG_CMD0);
-        PumpUntil([&] { return !IsWindow(box) || !IsWindowVisible(box); }, 5000);
-        return text;
-    }
-    std::string Clipboard(const std::string& format)
-    {
-        std::string out;
-        return sim_.Ctl("clipboard " + format, out) == 0 ? out : "(none)";
-    }
+    std::vector<std::string> Pasted() { return Logged(log_, "paste-aolmail"); }
 
     const std::string log_ = TempFile("efade-aol.log");
 };
@@ -84,7 +44,7 @@ TEST_F(EFadeTest, TheToolbarFollowsEveryKindOfMailBeingWritten)
     TwoTicks();
     EXPECT_FALSE(Toolbar(0)) << "no mail, no toolbar";
     const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    for (const std::string& open : {"open-mail", "open-window \"Re: hello\"", "open-mail \"Draft to Kim\"",
+    for (const std::string open : {"open-mail", "open-window \"Re: hello\"", "open-mail \"Draft to Kim\"",
                                     "open-window \"Global Message Board Preferences\""}) {
         SCOPED_TRACE(open);
         ASSERT_EQ(Ctl({"ping"}).status, 0);

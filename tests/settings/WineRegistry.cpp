@@ -82,6 +82,11 @@ std::string SourceFile(const std::string& path)
 
 void ResetProgramKey() { DeleteTree(HKEY_CURRENT_USER, kRoot); }
 
+void DeleteSection(const std::string& section)
+{
+    if (!section.empty()) DeleteTree(HKEY_CURRENT_USER, KeyPath(section));
+}
+
 bool SectionExists(const std::string& section)
 {
     HKEY key = nullptr;

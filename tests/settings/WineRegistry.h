@@ -13,6 +13,8 @@ namespace TestEnv {
 
 // Deletes HKCU\Software\Zun Software\Prismo with everything under it.
 void ResetProgramKey();
+// Deletes root + section with everything under it (the program's key stays).
+void DeleteSection(const std::string& section);
 
 // True when root + section exists (opened read-only, never created).
 bool SectionExists(const std::string& section);
