@@ -130,8 +130,8 @@ void WaitForSimulator(int seconds) {
     Die("AOL did not start");
 }
 
-// "--file PATH" in a mail-text request becomes the file's contents: a long
-// text does not fit on a command line.
+// "--file PATH" in a mail-text, mail-paste or clipboard-set request becomes
+// the file's contents: a long text does not fit on a command line.
 std::vector<std::string> WithFileContents(std::vector<std::string> args) {
     for (std::size_t i = 1; i + 1 < args.size(); ++i) {
         if (args[i] != "--file") continue;
@@ -186,7 +186,7 @@ int Run(const std::vector<std::string>& args) {
         WaitUntilHandled(frame);
     } else if (command == "settle") {
         WaitUntilHandled(frame);
-    } else if (command == "mail-text") {
+    } else if (command == "mail-text" || command == "mail-paste" || command == "clipboard-set") {
         Ask(frame, WithFileContents(args));
     } else if (command == "quit") {
         PostMessageA(frame, WM_CLOSE, 0, 0);
