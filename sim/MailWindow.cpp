@@ -32,6 +32,7 @@ public:
 
 class WriteMail : public SimChild {
 public:
+    ~WriteMail() override;
     const char* Kind() const override { return "mail"; }
 
     void OnCreate(HWND window) override {
@@ -62,6 +63,7 @@ public:
             icons.push_back(icon);
         }
         attachIcon = MakeControl(window, "_AOL_ICON", "Attachments", 0, idFirstIcon + (int)icons.size());
+        if (Sim().config.attachIconHidden) ShowWindow(attachIcon, SW_HIDE);
         icons.push_back(attachIcon);
         sendNow = MakeControl(window, "_AOL_ICON", "Send Now", 0, idFirstIcon + (int)icons.size());
         icons.push_back(sendNow);
@@ -91,10 +93,15 @@ public:
         if (code != BN_CLICKED || id < idFirstIcon) return false;
         if (control == attachIcon) {
             // The click returns first; AOL opens the window afterwards.
-            PostMessageA(hwnd, WM_SIM_OPEN_ATTACHMENTS, 0, 0);
+            if (Sim().config.mailFault == SimMailFault::NoAttachments) LogEvent("icon\tAttachments");
+            else PostMessageA(hwnd, WM_SIM_OPEN_ATTACHMENTS, 0, 0);
         } else if (control == sendNow || control == sendLater) {
+            std::string paths;
+            for (const auto& file : attachments) paths += (paths.empty() ? "" : "|") + file.path;
             LogEvent("send-mail\t" + WindowText(control) + "\t" + WindowText(edits[2]) + "\t" +
-                     EscapeLogText(ReadRichAsAolHtml(body)));
+                     EscapeLogText(ReadRichAsAolHtml(body)) + "\t" + paths);
+            // AOL takes the mail away once it is sent, after the click returns.
+            PostMessageA(hwnd, WM_SIM_CLOSE_MAIL, 0, 0);
         } else {
             LogEvent("icon\t#" + std::to_string(id - idFirstIcon + 1));
         }
@@ -103,6 +110,7 @@ public:
 
     LRESULT OnAppMessage(UINT msg, WPARAM, LPARAM lParam) override {
         if (msg == WM_SIM_OPEN_ATTACHMENTS) AttachmentsWindow::Open(this);
+        if (msg == WM_SIM_CLOSE_MAIL) SendMessageA(Sim().mdiClient, WM_MDIDESTROY, (WPARAM)hwnd, 0);
         if (msg == WM_SIM_RICH_ENTER) return 0;  // a new paragraph in the body
         (void)lParam;
         return 0;
@@ -122,10 +130,17 @@ struct AttachState {
 };
 AttachState g_attach;
 
+// A mail that goes while its Attachments window is open takes no more files.
+WriteMail::~WriteMail() {
+    if (g_attach.mail == this) g_attach.mail = nullptr;
+}
+
 INT_PTR CALLBACK FileDialogProc(HWND dialog, UINT msg, WPARAM wParam, LPARAM) {
     switch (msg) {
     case WM_INITDIALOG:
         SetWindowTextA(dialog, FileDialogCaption(Sim().config.edition).c_str());
+        if (Sim().config.mailFault == SimMailFault::NoFileField) DestroyWindow(GetDlgItem(dialog, IDC_FILE_NAME));
+        if (Sim().config.mailFault == SimMailFault::NoOpenButton) DestroyWindow(GetDlgItem(dialog, IDOK));
         return TRUE;
     case WM_COMMAND:
         if (LOWORD(wParam) == IDOK) {
@@ -155,16 +170,15 @@ INT_PTR CALLBACK FileDialogProc(HWND dialog, UINT msg, WPARAM wParam, LPARAM) {
 void CloseAttachments() {
     if (!g_attach.modal) return;
     EnableWindow(Sim().frame, TRUE);
-    DestroyWindow(g_attach.modal);
-    g_attach = AttachState{};
-    LogEvent("close\tAttachments");
+    DestroyWindow(g_attach.modal);  // its WM_DESTROY forgets it and logs the close
 }
 
 LRESULT CALLBACK AttachmentsProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     switch (msg) {
     case WM_COMMAND:
         if (HIWORD(wParam) == BN_CLICKED && (HWND)lParam == g_attach.attach) {
-            PostMessageA(hwnd, WM_SIM_OPEN_FILE_DIALOG, 0, 0);
+            if (Sim().config.mailFault == SimMailFault::NoFileDialog) LogEvent("icon\tAttach");
+            else PostMessageA(hwnd, WM_SIM_OPEN_FILE_DIALOG, 0, 0);
             return 0;
         }
         if (HIWORD(wParam) == BN_CLICKED && (HWND)lParam == g_attach.ok) {
@@ -177,6 +191,13 @@ LRESULT CALLBACK AttachmentsProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPar
         return 0;
     case WM_CLOSE:
         CloseAttachments();
+        return 0;
+    case WM_DESTROY:
+        // AOL itself is closing around the window (its owner goes first).
+        if (hwnd == g_attach.modal) {
+            g_attach = AttachState{};
+            LogEvent("close\tAttachments");
+        }
         return 0;
     }
     return DefWindowProcA(hwnd, msg, wParam, lParam);
@@ -200,9 +221,13 @@ void AttachmentsWindow::Open(WriteMail* mail) {
     g_attach.modal = CreateWindowExA(WS_EX_DLGMODALFRAME, "_AOL_MODAL", "Attachments",
                                      WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE, 240, 180, 380, 230,
                                      Sim().frame, nullptr, Sim().instance, nullptr);
-    g_attach.attach = MakeControl(g_attach.modal, "_AOL_ICON", "Attach", 0, 1);
-    g_attach.detach = MakeControl(g_attach.modal, "_AOL_ICON", "Detach", 0, 2);
-    g_attach.ok = MakeControl(g_attach.modal, "_AOL_ICON", "OK", 0, 3);
+    // An AOL that fails to build the window's buttons shows none of them:
+    // a search for its first icon then finds nothing rather than the wrong one.
+    if (Sim().config.mailFault != SimMailFault::NoAttachButton) {
+        g_attach.attach = MakeControl(g_attach.modal, "_AOL_ICON", "Attach", 0, 1);
+        g_attach.detach = MakeControl(g_attach.modal, "_AOL_ICON", "Detach", 0, 2);
+        g_attach.ok = MakeControl(g_attach.modal, "_AOL_ICON", "OK", 0, 3);
+    }
     g_attach.list = MakeControl(g_attach.modal, "_AOL_LISTBOX", "", WS_BORDER | WS_VSCROLL, 4);
     MoveWindow(g_attach.list, 10, 10, 250, 170, TRUE);
     MoveWindow(g_attach.attach, 270, 10, 90, 28, TRUE);
@@ -219,6 +244,7 @@ public:
     const char* Kind() const override { return "window"; }
     void OnCreate(HWND window) override {
         text = MakeControl(window, "RICHCNTL", "", WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_WANTRETURN, 2);
+        SendMessageA(text, EM_EXLIMITTEXT, 0, 1 << 20);
     }
     void OnSize(int width, int height) override { MoveWindow(text, 8, 8, width - 16, height - 16, TRUE); }
     HWND text = nullptr;
@@ -237,7 +263,12 @@ WriteMail* AsMail(SimChild* child) {
 }  // namespace
 
 HWND OpenWriteMail() {
-    return OpenChild(std::make_unique<WriteMail>(), WriteMailCaption(Sim().config.edition), 640, 420);
+    if (Sim().config.mailFault == SimMailFault::NoMail) return nullptr;
+    return OpenComposeWindow(WriteMailCaption(Sim().config.edition));
+}
+
+HWND OpenComposeWindow(const std::string& caption) {
+    return OpenChild(std::make_unique<WriteMail>(), caption, 640, 420);
 }
 
 HWND OpenNamedWindow(const std::string& caption) {
@@ -255,6 +286,17 @@ HWND OpenNamedWindow(const std::string& caption) {
 HWND MailBody(SimChild* mail) {
     WriteMail* m = AsMail(mail);
     return m ? m->body : nullptr;
+}
+
+HWND EditorOf(SimChild* child) {
+    if (WriteMail* m = AsMail(child)) return m->body;
+    if (child && std::string(child->Kind()) == "window") return static_cast<NamedWindow*>(child)->text;
+    return nullptr;
+}
+
+HWND MailSendIcon(SimChild* mail, bool later) {
+    WriteMail* m = AsMail(mail);
+    return m ? (later ? m->sendLater : m->sendNow) : nullptr;
 }
 
 HWND MailSubject(SimChild* mail) {

@@ -185,9 +185,12 @@ LRESULT CALLBACK FrameProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
         case WM_SIM_READY:
             return Sim().ready ? 1 : 0;
         case WM_DESTROY:
-            LogEvent("quit");
             PostQuitMessage(0);
             return 0;
+        case WM_NCDESTROY:
+            // Every window of AOL's has closed by now: "quit" is the log's last word.
+            LogEvent("quit");
+            break;
         }
     } catch (...) {
         // A failed request leaves AOL running.

@@ -5,6 +5,7 @@
 #include "Sim.h"
 
 #include "AolHtml.h"
+#include "RtfChars.h"
 
 #include <richedit.h>
 
@@ -14,6 +15,8 @@ namespace {
 
 // RTF of a control before the last paste, for the editor's undo.
 std::map<HWND, std::string> g_undo;
+// What each control's editor commands cost: "ID<TAB>start<TAB>end" lines.
+std::map<HWND, std::vector<std::string>> g_editorTimes;
 
 void SetInsertFormat(HWND rich, const AolRun& run) {
     CHARFORMAT2A cf{};
@@ -51,6 +54,52 @@ std::string BreaksToParagraphs(const std::string& html) {
     return out;
 }
 
+// The runs as one RTF document in the control's own font, so that a long
+// fade goes in with one stream instead of a format change per character.
+// CR, LF and CR LF each break the line once, even with tags between the CR
+// and the LF (a faded CR LF carries a colour on each half).
+std::string RunsToRtf(HWND rich, const std::vector<AolRun>& runs) {
+    CHARFORMAT2A font{};
+    font.cbSize = sizeof font;
+    SendMessageA(rich, EM_GETCHARFORMAT, SCF_DEFAULT, (LPARAM)&font);
+    const std::string size = "\\fs" + std::to_string(font.yHeight > 0 ? font.yHeight / 10 : 20);
+    std::map<COLORREF, int> colors;
+    std::string table, body;
+    bool afterCr = false;
+    for (const AolRun& run : runs) {
+        const COLORREF color = (COLORREF)run.color;
+        if (!colors.count(color)) {
+            const int index = (int)colors.size() + 1;
+            colors[color] = index;
+            table += "\\red" + std::to_string(GetRValue(color)) + "\\green" + std::to_string(GetGValue(color)) +
+                     "\\blue" + std::to_string(GetBValue(color)) + ";";
+        }
+        body += "\\plain\\f0" + size + "\\cf" + std::to_string(colors[color]);
+        if (run.bold) body += "\\b";
+        if (run.italic) body += "\\i";
+        if (run.underline) body += "\\ul";
+        if (run.baseline > 0) body += "\\super";
+        if (run.baseline < 0) body += "\\sub";
+        body += ' ';
+        for (char c : run.text) {
+            const unsigned char byte = (unsigned char)c;
+            const bool wasCr = afterCr;
+            afterCr = c == '\r';
+            if (c == '\r' || (c == '\n' && !wasCr)) body += "\\par ";
+            else if (c == '\n') continue;
+            else if (c == '\t') body += "\\tab ";
+            else if (c == '\\' || c == '{' || c == '}') body += std::string("\\") + c;
+            else if (byte < 0x20 || byte >= 0x80) {
+                char hex[8];
+                snprintf(hex, sizeof hex, "\\'%02x", byte);
+                body += hex;
+            } else body += c;
+        }
+    }
+    return "{\\rtf1\\ansi\\ansicpg" + std::to_string(GetACP()) + "\\deff0{\\fonttbl{\\f0 " + font.szFaceName +
+           ";}}{\\colortbl;" + table + "}" + body + "}";
+}
+
 DWORD CALLBACK StreamOut(DWORD_PTR cookie, LPBYTE buffer, LONG size, LONG* done) {
     reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<char*>(buffer), size);
     *done = size;
@@ -79,10 +128,11 @@ std::string SaveRtf(HWND rich) {
     return rtf;
 }
 
-void LoadRtf(HWND rich, const std::string& rtf) {
+// The whole control, or with SFF_SELECTION in place of the highlight.
+void LoadRtf(HWND rich, const std::string& rtf, WPARAM how = SF_RTF) {
     StreamSource source{&rtf, 0};
     EDITSTREAM stream{(DWORD_PTR)&source, 0, StreamIn};
-    SendMessageA(rich, EM_STREAMIN, SF_RTF, (LPARAM)&stream);
+    SendMessageA(rich, EM_STREAMIN, how, (LPARAM)&stream);
 }
 
 std::string SelectedText(HWND rich) {
@@ -136,14 +186,14 @@ void Paste(HWND rich) {
     if (!ReadPasteText(rich, text, isAolMail)) return;
     g_undo[rich] = SaveRtf(rich);
     LogEvent(std::string(isAolMail ? "paste-aolmail\t" : "paste-text\t") + EscapeLogText(text));
-    SendMessageA(rich, EM_REPLACESEL, TRUE, (LPARAM)"");
+    std::vector<AolRun> runs;
     if (isAolMail) {
-        InsertRuns(rich, ReadAolHtml(BreaksToParagraphs(text)));
+        runs = ReadAolHtml(BreaksToParagraphs(text));
     } else {
-        AolRun plain;
-        plain.text = text;
-        InsertRuns(rich, {plain});
+        runs.emplace_back();
+        runs.back().text = text;
     }
+    LoadRtf(rich, RunsToRtf(rich, runs), SF_RTF | SFF_SELECTION);
 }
 
 void Undo(HWND rich) {
@@ -168,21 +218,6 @@ struct CharStyle {
     bool bold = false, italic = false, underline = false;
     int baseline = 0;
 };
-
-CharStyle StyleAt(HWND rich, LONG index) {
-    CHARRANGE one{index, index + 1};
-    SendMessageA(rich, EM_EXSETSEL, 0, (LPARAM)&one);
-    CHARFORMAT2A cf{};
-    cf.cbSize = sizeof cf;
-    SendMessageA(rich, EM_GETCHARFORMAT, SCF_SELECTION, (LPARAM)&cf);
-    CharStyle style;
-    style.color = (cf.dwEffects & CFE_AUTOCOLOR) ? 0 : cf.crTextColor;
-    style.bold = cf.dwEffects & CFE_BOLD;
-    style.italic = cf.dwEffects & CFE_ITALIC;
-    style.underline = cf.dwEffects & CFE_UNDERLINE;
-    style.baseline = (cf.dwEffects & CFE_SUPERSCRIPT) ? 1 : (cf.dwEffects & CFE_SUBSCRIPT) ? -1 : 0;
-    return style;
-}
 
 // Tags that take the text from style `from` to style `to`: styles that end
 // close first, then the colour, then the styles that begin.
@@ -218,28 +253,36 @@ void AppendChatLine(HWND transcript, const std::string& name, const std::string&
 }
 
 std::string ReadRichAsAolHtml(HWND rich) {
+    // The plain text tells how many line breaks there are: the RTF may close
+    // with a paragraph mark the text does not have.
     GETTEXTLENGTHEX lengthOf{GTL_NUMCHARS | GTL_PRECISE, CP_ACP};
     const LONG length = (LONG)SendMessageA(rich, EM_GETTEXTLENGTHEX, (WPARAM)&lengthOf, 0);
     std::string text(length + 1, '\0');
     TEXTRANGEA range{{0, length}, text.data()};
     text.resize(SendMessageA(rich, EM_GETTEXTRANGE, 0, (LPARAM)&range));
+    std::size_t breaks = 0;
+    for (char c : text) breaks += c == '\r';
 
-    CHARRANGE kept{};
-    SendMessageA(rich, EM_EXGETSEL, 0, (LPARAM)&kept);
     std::string html;
     CharStyle current;
-    for (LONG i = 0; i < (LONG)text.size(); ++i) {
-        if (text[i] == '\r' || text[i] == '\n') {
-            if (text[i] == '\r') html += "<BR>";
+    for (const StyledChar& sc : ReadRtfChars(SaveRtf(rich))) {
+        if (sc.c == '\r') {
+            if (breaks == 0) continue;
+            --breaks;
+            html += "<BR>";
             continue;
         }
-        const CharStyle next = StyleAt(rich, i);
+        CharStyle next;
+        next.color = sc.color;
+        next.bold = sc.bold;
+        next.italic = sc.italic;
+        next.underline = sc.underline;
+        next.baseline = sc.baseline;
         html += StyleChange(current, next);
         current = next;
-        html += text[i];
+        html += sc.c;
     }
     html += StyleChange(current, CharStyle{current.color});
-    SendMessageA(rich, EM_EXSETSEL, 0, (LPARAM)&kept);
     return html;
 }
 
@@ -247,7 +290,13 @@ bool RichEditorCommand(HWND rich, WORD id) {
     switch (id) {
     case 20000: Undo(rich); return true;
     case 20001: SendMessageA(rich, WM_CUT, 0, 0); return true;
-    case 20002: PutClipboardText(rich, SelectedText(rich)); return true;
+    case 20002: {
+        // With nothing highlighted AOL's editor leaves the clipboard as it was.
+        CHARRANGE range{};
+        SendMessageA(rich, EM_EXGETSEL, 0, (LPARAM)&range);
+        if (range.cpMin != range.cpMax) PutClipboardText(rich, SelectedText(rich));
+        return true;
+    }
     case 20003: Paste(rich); return true;
     case 20004: SendMessageA(rich, WM_CLEAR, 0, 0); return true;
     case 20005: SendMessageA(rich, EM_SETSEL, 0, -1); return true;
@@ -255,4 +304,16 @@ bool RichEditorCommand(HWND rich, WORD id) {
     }
 }
 
-void ForgetRichControl(HWND rich) { g_undo.erase(rich); }
+void ForgetRichControl(HWND rich) {
+    g_undo.erase(rich);
+    g_editorTimes.erase(rich);
+}
+
+void NoteEditorTime(HWND rich, const std::string& what, DWORD start, DWORD end) {
+    g_editorTimes[rich].push_back(what + "\t" + std::to_string(start) + "\t" + std::to_string(end));
+}
+
+std::vector<std::string> EditorTimes(HWND rich) {
+    auto it = g_editorTimes.find(rich);
+    return it == g_editorTimes.end() ? std::vector<std::string>{} : it->second;
+}

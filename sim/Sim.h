@@ -16,6 +16,7 @@
 constexpr UINT WM_SIM_RICH_ENTER = WM_APP + 1;    // RICHCNTL -> parent: Enter typed (lParam: control)
 constexpr UINT WM_SIM_OPEN_ATTACHMENTS = WM_APP + 2;
 constexpr UINT WM_SIM_OPEN_FILE_DIALOG = WM_APP + 3;
+constexpr UINT WM_SIM_CLOSE_MAIL = WM_APP + 4;    // posted by a mail to itself once sent
 constexpr UINT WM_SIM_PING = WM_APP + 50;         // posted by aolsimctl after its input
 constexpr UINT WM_SIM_PINGED = WM_APP + 51;       // sent: returns the last ping seen
 constexpr UINT WM_SIM_READY = WM_APP + 52;        // sent: 1 once the start-up windows are open
@@ -90,8 +91,15 @@ HWND RoomSendIcon(SimChild* room);
 
 // Mail and other windows (MailWindow.cpp).
 HWND OpenWriteMail();
+// A compose window with Write Mail's children under another caption.
+HWND OpenComposeWindow(const std::string& caption);
 HWND OpenNamedWindow(const std::string& caption);
 HWND MailBody(SimChild* mail);
+// The rich text control a window is edited in: a mail's body, another named
+// window's text area; null for rooms and the sign-on windows.
+HWND EditorOf(SimChild* child);
+// The top compose window's "Send Now" or "Send Later" icon, or null.
+HWND MailSendIcon(SimChild* mail, bool later);
 HWND MailSubject(SimChild* mail);
 std::vector<std::string> MailAttachments(SimChild* mail);
 
@@ -115,6 +123,10 @@ std::string ReadRichAsAolHtml(HWND rich);
 // Editor commands 20000 to 20005; true when the id is one of them.
 bool RichEditorCommand(HWND rich, WORD id);
 void ForgetRichControl(HWND rich);
+// Each editor command and WM_SETTEXT a rich text control received, with the
+// tick counts at which it began and ended: "ID<TAB>start<TAB>end".
+std::vector<std::string> EditorTimes(HWND rich);
+void NoteEditorTime(HWND rich, const std::string& what, DWORD start, DWORD end);
 
 // aolsimctl's commands (SimControl.cpp): fills reply, returns success.
 bool RunControlCommand(const std::vector<std::string>& args, std::string& reply);

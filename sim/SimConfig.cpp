@@ -3,6 +3,7 @@
 #include "SimConfig.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -52,6 +53,23 @@ std::string NextArgument(const std::string& line, std::size_t& at) {
         }
     }
     return arg;
+}
+
+SimMailFault ParseMailFault(const std::string& name) {
+    static const std::pair<const char*, SimMailFault> faults[] = {
+        {"no-mail", SimMailFault::NoMail},
+        {"no-attachments", SimMailFault::NoAttachments},
+        {"no-attach-button", SimMailFault::NoAttachButton},
+        {"no-file-dialog", SimMailFault::NoFileDialog},
+        {"no-file-field", SimMailFault::NoFileField},
+        {"no-open-button", SimMailFault::NoOpenButton},
+    };
+    for (const auto& fault : faults) {
+        if (name == fault.first) return fault.second;
+    }
+    throw std::invalid_argument("unknown --mail-fault \"" + name +
+                                "\" (no-mail, no-attachments, no-attach-button, no-file-dialog, no-file-field, "
+                                "no-open-button)");
 }
 
 int ParseMenuCount(const std::string& text) {
@@ -131,6 +149,12 @@ SimConfig ParseSimArgs(const std::vector<std::string>& args, int version) {
             config.windows.push_back(value());
         } else if (name == "--log") {
             config.logFile = value();
+        } else if (name == "--mail-fault") {
+            config.mailFault = ParseMailFault(value());
+        } else if (name == "--attach-icon") {
+            const std::string how = value();
+            if (how != "hidden" && how != "shown") throw std::invalid_argument("--attach-icon takes hidden or shown");
+            config.attachIconHidden = how == "hidden";
         } else if (name == "--signon-delay") {
             config.signOnDelay = ParseSeconds(name, value());
         } else {

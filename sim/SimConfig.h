@@ -8,6 +8,10 @@
 
 enum class SimEdition { US, UK, Canada, Australia };
 
+// A step of writing and attaching mail that this AOL never shows, so that a
+// program driving it must notice the step is missing and give up.
+enum class SimMailFault { None, NoMail, NoAttachments, NoAttachButton, NoFileDialog, NoFileField, NoOpenButton };
+
 struct SimConfig {
     int version = 4;                    // 3, 4 or 5 (fixed per build)
     SimEdition edition = SimEdition::US;
@@ -23,6 +27,8 @@ struct SimConfig {
     std::string keyword;                // -s<keyword>: hand over or perform at start
     bool hasKeyword = false;
     int signOnDelay = 0;                // seconds between the main window and the Sign On screen
+    SimMailFault mailFault = SimMailFault::None;  // a step of sending mail that never appears
+    bool attachIconHidden = false;      // the mail's attach icon exists but is not shown
 };
 
 // waol.exe's arguments from its whole command line (program name first), the

@@ -41,6 +41,25 @@ SimChild* MailOrFail(std::string& reply) {
     return mail;
 }
 
+// The editor a mail command works in: that of the window captioned CAPTION
+// after "--window CAPTION" (taken out of args), else the top compose window's body.
+HWND EditorOrFail(Args& args, std::string& reply) {
+    if (args.size() > 2 && args[1] == "--window") {
+        const std::string caption = args[2];
+        args.erase(args.begin() + 1, args.begin() + 3);
+        for (SimChild* child : ChildrenInOrder()) {
+            if (WindowText(child->hwnd) != caption) continue;
+            if (HWND editor = EditorOf(child)) return editor;
+            reply = "\"" + caption + "\" has no text to edit";
+            return nullptr;
+        }
+        reply = "no window \"" + caption + "\" is open";
+        return nullptr;
+    }
+    SimChild* mail = MailOrFail(reply);
+    return mail ? MailBody(mail) : nullptr;
+}
+
 bool NeedArgs(const Args& args, std::size_t count, std::string& reply) {
     if (args.size() - 1 >= count) return true;
     return Fail(reply, args[0] + " needs " + std::to_string(count) + " argument(s)");
@@ -56,10 +75,10 @@ bool WindowHandle(const Args& args, std::string& reply) {
         SimChild* room = RoomOrFail(reply);
         if (!room) return false;
         found = which == "input" ? RoomInput(room) : which == "send" ? RoomSendIcon(room) : room->hwnd;
-    } else if (which == "mail-body" || which == "mail") {
+    } else if (which == "mail-body" || which == "mail" || which == "send-now" || which == "send-later") {
         SimChild* mail = MailOrFail(reply);
         if (!mail) return false;
-        found = which == "mail" ? mail->hwnd : MailBody(mail);
+        found = which == "mail" ? mail->hwnd : which == "mail-body" ? MailBody(mail) : MailSendIcon(mail, which == "send-later");
     } else {
         return Fail(reply, "unknown window \"" + which + "\"");
     }
@@ -89,24 +108,85 @@ bool Input(const Args&, std::string& reply) {
     return true;
 }
 
-bool MailSelect(const Args& args, std::string& reply) {
-    if (!NeedArgs(args, 2, reply)) return false;
-    SimChild* mail = MailOrFail(reply);
-    if (!mail) return false;
+bool MailSelect(const Args& request, std::string& reply) {
+    Args args = request;
+    HWND editor = EditorOrFail(args, reply);
+    if (!editor || !NeedArgs(args, 2, reply)) return false;
     long start = 0, length = 0;
     if (sscanf(args[1].c_str(), "%ld", &start) != 1 || sscanf(args[2].c_str(), "%ld", &length) != 1)
         return Fail(reply, "mail-select takes two numbers");
     CHARRANGE range{start, length < 0 ? -1 : start + length};
-    SendMessageA(MailBody(mail), EM_EXSETSEL, 0, (LPARAM)&range);
+    SendMessageA(editor, EM_EXSETSEL, 0, (LPARAM)&range);
     return true;
 }
 
-bool MailText(const Args& args, std::string& reply) {
-    if (!NeedArgs(args, 1, reply)) return false;
-    SimChild* mail = MailOrFail(reply);
-    if (!mail) return false;
-    SendMessageA(MailBody(mail), WM_SETTEXT, 0, (LPARAM)args[1].c_str());
+bool MailText(const Args& request, std::string& reply) {
+    Args args = request;
+    HWND editor = EditorOrFail(args, reply);
+    if (!editor || !NeedArgs(args, 1, reply)) return false;
+    SendMessageA(editor, WM_SETTEXT, 0, (LPARAM)args[1].c_str());
     return true;
+}
+
+bool MailBodyCommand(const Args& request, std::string& reply) {
+    Args args = request;
+    HWND editor = EditorOrFail(args, reply);
+    if (editor) reply = ReadRichAsAolHtml(editor) + "\n";
+    return editor != nullptr;
+}
+
+bool EditorTimesCommand(const Args& request, std::string& reply) {
+    Args args = request;
+    HWND editor = EditorOrFail(args, reply);
+    if (editor) reply = Join(EditorTimes(editor));
+    return editor != nullptr;
+}
+
+UINT ClipboardFormat(const std::string& name, std::string& reply) {
+    if (name == "aolmail") return RegisterClipboardFormatA("AOLMAIL");
+    if (name == "text") return CF_TEXT;
+    reply = "the clipboard format is aolmail or text, not \"" + name + "\"";
+    return 0;
+}
+
+// The clipboard's AOLMAIL or plain text as bytes (up to its NUL); a format
+// that is absent is a failure, told apart from an empty text.
+bool ClipboardCommand(const Args& args, std::string& reply) {
+    if (!NeedArgs(args, 1, reply)) return false;
+    const UINT format = ClipboardFormat(args[1], reply);
+    if (!format) return false;
+    if (!OpenClipboard(Sim().frame)) return Fail(reply, "the clipboard is busy");
+    HANDLE data = GetClipboardData(format);
+    if (data) {
+        const char* bytes = static_cast<const char*>(GlobalLock(data));
+        reply = bytes ? std::string(bytes, strnlen(bytes, GlobalSize(data))) : "";
+        GlobalUnlock(data);
+    }
+    CloseClipboard();
+    if (!data) reply = args[1] == "aolmail" ? "no AOLMAIL on the clipboard" : "no text on the clipboard";
+    return data != nullptr;
+}
+
+// Empties the clipboard and puts TEXT on it in that one format.
+bool PutOnClipboard(UINT format, const std::string& text, std::string& reply) {
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, text.size() + 1);
+    if (!block) return Fail(reply, "out of memory");
+    memcpy(GlobalLock(block), text.data(), text.size());
+    GlobalUnlock(block);
+    if (!OpenClipboard(Sim().frame)) {
+        GlobalFree(block);
+        return Fail(reply, "the clipboard is busy");
+    }
+    EmptyClipboard();
+    if (!SetClipboardData(format, block)) GlobalFree(block);
+    CloseClipboard();
+    return true;
+}
+
+bool ClipboardSet(const Args& args, std::string& reply) {
+    if (!NeedArgs(args, 2, reply)) return false;
+    const UINT format = ClipboardFormat(args[1], reply);
+    return format && PutOnClipboard(format, args[2], reply);
 }
 
 // Puts TEXT on the clipboard as "AOLMAIL" and pastes it into the body, the
@@ -115,19 +195,8 @@ bool MailPaste(const Args& args, std::string& reply) {
     if (!NeedArgs(args, 1, reply)) return false;
     SimChild* mail = MailOrFail(reply);
     if (!mail) return false;
-    HWND body = MailBody(mail);
-    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, args[1].size() + 1);
-    if (!block) return Fail(reply, "out of memory");
-    memcpy(GlobalLock(block), args[1].data(), args[1].size());
-    GlobalUnlock(block);
-    if (!OpenClipboard(Sim().frame)) {
-        GlobalFree(block);
-        return Fail(reply, "the clipboard is busy");
-    }
-    EmptyClipboard();
-    if (!SetClipboardData(RegisterClipboardFormatA("AOLMAIL"), block)) GlobalFree(block);
-    CloseClipboard();
-    SendMessageA(body, WM_COMMAND, 20003, 0);
+    if (!PutOnClipboard(RegisterClipboardFormatA("AOLMAIL"), args[1], reply)) return false;
+    SendMessageA(MailBody(mail), WM_COMMAND, 20003, 0);
     return true;
 }
 
@@ -217,15 +286,18 @@ const std::map<std::string, Handler>& Commands() {
         {"input", Input},
         {"open-room", [](const Args& a, std::string& r) { return NeedArgs(a, 1, r) && OpenChatRoom(a[1]) != nullptr; }},
         {"close-room", CloseRoom},
-        {"open-mail", [](const Args&, std::string&) { return OpenWriteMail() != nullptr; }},
+        {"open-mail",
+         [](const Args& a, std::string& r) {
+             const bool other = a.size() > 1 && a[1] != WriteMailCaption(Sim().config.edition);
+             if ((other ? OpenComposeWindow(a[1]) : OpenWriteMail()) != nullptr) return true;
+             return Fail(r, "no mail window opens");
+         }},
         {"mail-select", MailSelect},
         {"mail-text", MailText},
-        {"mail-body",
-         [](const Args&, std::string& r) {
-             SimChild* mail = MailOrFail(r);
-             if (mail) r = ReadRichAsAolHtml(MailBody(mail)) + "\n";
-             return mail != nullptr;
-         }},
+        {"mail-body", MailBodyCommand},
+        {"editor-times", EditorTimesCommand},
+        {"clipboard", ClipboardCommand},
+        {"clipboard-set", ClipboardSet},
         {"mail-subject", MailSubjectCommand},
         {"mail-paste", MailPaste},
         {"mail-attachments",

@@ -48,9 +48,22 @@ LRESULT CALLBACK RichCntlProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
             // press and a posted character delete the same one character.
             if (wParam == VK_BACK) return 0;
             break;
-        case WM_COMMAND:
-            if (lParam == 0 && RichEditorCommand(hwnd, LOWORD(wParam))) return 0;
+        case WM_COMMAND: {
+            // Each editor command's start and end, so a benchmark can tell
+            // AOL's editor time from the time of the program driving it.
+            const DWORD start = GetTickCount();
+            if (lParam == 0 && RichEditorCommand(hwnd, LOWORD(wParam))) {
+                NoteEditorTime(hwnd, std::to_string(LOWORD(wParam)), start, GetTickCount());
+                return 0;
+            }
             break;
+        }
+        case WM_SETTEXT: {
+            const DWORD start = GetTickCount();
+            const LRESULT result = CallWindowProcA(g_richProc, hwnd, msg, wParam, lParam);
+            NoteEditorTime(hwnd, "WM_SETTEXT", start, GetTickCount());
+            return result;
+        }
         case WM_NCDESTROY:
             ForgetRichControl(hwnd);
             break;

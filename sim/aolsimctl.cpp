@@ -130,6 +130,24 @@ void WaitForSimulator(int seconds) {
     Die("AOL did not start");
 }
 
+// "--file PATH" in a mail-text, mail-paste or clipboard-set request becomes
+// the file's contents: a long text does not fit on a command line.
+std::vector<std::string> WithFileContents(std::vector<std::string> args) {
+    for (std::size_t i = 1; i + 1 < args.size(); ++i) {
+        if (args[i] != "--file") continue;
+        FILE* file = fopen(args[i + 1].c_str(), "rb");
+        if (!file) Die("cannot read " + args[i + 1]);
+        std::string text;
+        char buffer[65536];
+        for (std::size_t got; (got = fread(buffer, 1, sizeof buffer, file)) > 0;) text.append(buffer, got);
+        fclose(file);
+        args.erase(args.begin() + (long)i);
+        args[i] = text;
+        break;
+    }
+    return args;
+}
+
 std::string JoinArgs(const std::vector<std::string>& args, std::size_t from) {
     std::string text;
     for (std::size_t i = from; i < args.size(); ++i) text += (i > from ? " " : "") + args[i];
@@ -158,6 +176,18 @@ int Run(const std::vector<std::string>& args) {
         PostMessageA(send, WM_LBUTTONDOWN, MK_LBUTTON, 0);
         PostMessageA(send, WM_LBUTTONUP, 0, 0);
         WaitUntilHandled(frame);
+    } else if (command == "mail-send") {
+        if (args.size() < 2 || (args[1] != "now" && args[1] != "later")) Die("mail-send needs now or later");
+        HWND send = AskWindow(frame, args[1] == "now" ? "send-now" : "send-later");
+        PostMessageA(send, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        PostMessageA(send, WM_LBUTTONUP, 0, 0);
+        // The click, then the close the mail posts itself after it.
+        WaitUntilHandled(frame);
+        WaitUntilHandled(frame);
+    } else if (command == "settle") {
+        WaitUntilHandled(frame);
+    } else if (command == "mail-text" || command == "mail-paste" || command == "clipboard-set") {
+        Ask(frame, WithFileContents(args));
     } else if (command == "quit") {
         PostMessageA(frame, WM_CLOSE, 0, 0);
     } else if (command == "kill") {

@@ -69,35 +69,60 @@ TEST(SimMail, WindowCarriesTheMarksPrismoLooksFor) {
               nullptr);
 }
 
-// Copy, paste of plain text and of AOLMAIL, and undo in the top compose
-// window's editor, through the real clipboard.
-void CheckEditorCommands(HWND body) {
+// aolsimctl's mail commands aimed at `window` ("" for the top compose window).
+std::vector<std::string> At(const std::string& window, std::vector<std::string> args) {
+    if (!window.empty()) args.insert(args.begin() + 1, {"--window", window});
+    return args;
+}
+
+// Copy, paste of plain text and of AOLMAIL, and undo in an editor, through
+// the real clipboard; each command's time is kept in order.
+void CheckEditorCommands(HWND body, const std::string& window = "") {
     ASSERT_NE(body, nullptr);
     const UINT aolMail = RegisterClipboardFormatA("AOLMAIL");
     ClipboardOwner clipboard;
 
     SendMessageA(body, WM_SETTEXT, 0, (LPARAM) "Hello world, again");
-    ASSERT_EQ(Ctl({"mail-select", "6", "5"}).status, 0);
+    ASSERT_EQ(Ctl(At(window, {"mail-select", "6", "0"})).status, 0);
     clipboard.Put(CF_TEXT, "stale");
+    SendMessageA(body, WM_COMMAND, 20002, 0);
+    EXPECT_EQ(clipboard.Get(CF_TEXT), "stale") << "nothing highlighted: the clipboard stays as it was";
+    ASSERT_EQ(Ctl(At(window, {"mail-select", "6", "5"})).status, 0);
     SendMessageA(body, WM_COMMAND, 20002, 0);
     EXPECT_EQ(clipboard.Get(CF_TEXT), "world");
 
     clipboard.Put(aolMail, "<FONT COLOR=\"#FF0000\">r<FONT COLOR=\"#0000FF\"><B>b</B><sup>u</sup>");
     SendMessageA(body, WM_COMMAND, 20003, 0);
     EXPECT_EQ(WindowText(body), "Hello rbu, again") << "the tags are interpreted, not pasted";
-    EXPECT_EQ(CtlLines({"mail-body"}),
+    EXPECT_EQ(CtlLines(At(window, {"mail-body"})),
               std::vector<std::string>{"Hello <FONT COLOR=\"#FF0000\">r<FONT COLOR=\"#0000FF\"><B>b</B><SUP>u</SUP>"
                                        "<FONT COLOR=\"#000000\">, again"});
 
     SendMessageA(body, WM_COMMAND, 20000, 0);
     EXPECT_EQ(WindowText(body), "Hello world, again");
-    EXPECT_EQ(CtlLines({"mail-body"}), std::vector<std::string>{"Hello world, again"});
+    EXPECT_EQ(CtlLines(At(window, {"mail-body"})), std::vector<std::string>{"Hello world, again"});
 
     // Only plain text on the clipboard: pasted as it stands.
-    ASSERT_EQ(Ctl({"mail-select", "0", "5"}).status, 0);
+    ASSERT_EQ(Ctl(At(window, {"mail-select", "0", "5"})).status, 0);
     clipboard.Put(CF_TEXT, "<B>Hi</B>");
     SendMessageA(body, WM_COMMAND, 20003, 0);
     EXPECT_EQ(WindowText(body), "<B>Hi</B> world, again");
+
+    // A CR and an LF with tags between them break the line once, as CR LF does.
+    ASSERT_EQ(Ctl(At(window, {"mail-select", "0", "-1"})).status, 0);
+    clipboard.Put(aolMail, "a\r<B>\nb</B>\r\nc\nd<BR>e");
+    SendMessageA(body, WM_COMMAND, 20003, 0);
+    EXPECT_EQ(CtlLines(At(window, {"mail-body"})), std::vector<std::string>{"a<BR><B>b<BR></B>c<BR>d<BR>e"});
+
+    std::vector<std::string> ids;
+    for (const std::string& line : CtlLines(At(window, {"editor-times"}))) {
+        unsigned long start = 0, end = 0;
+        char id[16] = "";
+        ASSERT_EQ(sscanf(line.c_str(), "%15[^\t]\t%lu\t%lu", id, &start, &end), 3) << line;
+        EXPECT_LE(start, end) << line;
+        ids.push_back(id);
+    }
+    EXPECT_EQ(ids, (std::vector<std::string>{"WM_SETTEXT", "20002", "20002", "20003", "20000", "20003", "20003"}));
 }
 
 // AOL answers and forwards mail in the same compose window as Write Mail:
@@ -129,6 +154,53 @@ TEST(SimMail, EditorCommandsGoThroughTheClipboard) {
     HWND mail = ChildByCaption(sim.Mdi(), "Write Mail");
     ASSERT_NE(mail, nullptr);
     CheckEditorCommands(FindWindowExA(mail, nullptr, "RICHCNTL", nullptr));
+}
+
+// The message board window under the mail, reached by its caption; a text
+// longer than a command line goes in from a file.
+TEST(SimMail, BoardWindowTakesTheSameEditorCommands) {
+    const char* board = "Global Message Board Preferences";
+    SimAOL sim(4, {"--window", board, "--mail"});
+    CheckEditorCommands(FindWindowExA(ChildByCaption(sim.Mdi(), board), nullptr, "RICHCNTL", nullptr), board);
+
+    std::string text;
+    for (int i = 0; text.size() < 32000; ++i) text += "line " + std::to_string(i) + " of a long signature ";
+    const std::string file = TempPath("long.txt");
+    WriteFileText(file, text);
+    ASSERT_EQ(Ctl({"mail-text", "--window", board, "--file", file}).status, 0);
+    EXPECT_EQ(CtlLines({"mail-body", "--window", board}), std::vector<std::string>{text});
+    EXPECT_EQ(CtlLines({"mail-body"}), std::vector<std::string>{""}) << "the mail under it is untouched";
+    EXPECT_NE(Ctl({"mail-body", "--window", "No Such Window"}).status, 0);
+}
+
+// AOL's clipboard as a fader sees it: each format on its own, and an
+// absent format told apart from an empty one.
+TEST(SimMail, ClipboardCommandsKeepTheFormatsApart) {
+    SimAOL sim(4, {});
+    ASSERT_EQ(Ctl({"clipboard-set", "aolmail", "<B>bold</B>"}).status, 0);
+    EXPECT_EQ(Ctl({"clipboard", "aolmail"}).out, "<B>bold</B>");
+    EXPECT_EQ(Ctl({"clipboard", "text"}).status, 1) << "setting one format empties the others";
+    ASSERT_EQ(Ctl({"clipboard-set", "text", ""}).status, 0);
+    const CtlResult empty = Ctl({"clipboard", "text"});
+    EXPECT_EQ(empty.status, 0);
+    EXPECT_EQ(empty.out, "");
+    EXPECT_EQ(Ctl({"clipboard", "aolmail"}).status, 1);
+    EXPECT_NE(Ctl({"clipboard", "bitmap"}).status, 0);
+}
+
+// A 30,000-character fade of six colours (about 900 KB of AOL HTML) pasted
+// in one go reads back tag for tag.
+TEST(SimMail, LongFadeRoundTrips) {
+    SimAOL sim(4, {"--mail"});
+    const char* colors[] = {"FF0000", "FF8000", "FFFF00", "00FF00", "0000FF", "8000FF"};
+    std::string fade;
+    for (int i = 0; i < 30000; ++i) {
+        fade += std::string("<FONT COLOR=\"#") + colors[(i / 5000 + i) % 6] + "\">";
+        fade += (char)('a' + i % 26);
+    }
+    ClipboardOwner().Put(RegisterClipboardFormatA("AOLMAIL"), fade);
+    SendMessageA(sim.Handle("mail-body"), WM_COMMAND, 20003, 0);
+    EXPECT_EQ(CtlLines({"mail-body"}), std::vector<std::string>{fade});
 }
 
 // Clicks through Attachments > Attach > file dialog > Open > OK as the
@@ -178,6 +250,65 @@ TEST(SimMail, AttachmentDialogsPerVersionAndEdition) {
         EXPECT_NE(ReadFileText(log).find("attach\t" + file + "\tFade Number=2\\r\\n"), std::string::npos);
         EXPECT_TRUE(IsWindowEnabled(sim.Frame())) << "AOL stays usable after the dialog";
     }
+}
+
+}  // namespace
+
+namespace {
+
+// The log's send-mail lines, split at their TABs.
+std::vector<std::vector<std::string>> SentMails(const std::string& log) {
+    std::vector<std::vector<std::string>> mails;
+    std::size_t at = 0;
+    const std::string text = ReadFileText(log);
+    while (at < text.size()) {
+        std::size_t end = text.find('\n', at);
+        if (end == std::string::npos) end = text.size();
+        const std::string line = text.substr(at, end - at);
+        at = end + 1;
+        if (line.rfind("send-mail\t", 0) != 0) continue;
+        std::vector<std::string> fields;
+        for (std::size_t from = 0;;) {
+            const std::size_t tab = line.find('\t', from);
+            fields.push_back(line.substr(from, tab == std::string::npos ? std::string::npos : tab - from));
+            if (tab == std::string::npos) break;
+            from = tab + 1;
+        }
+        mails.push_back(fields);
+    }
+    return mails;
+}
+
+// Send Now and Send Later take the mail away as AOL does; the log names
+// the files that went with it. A compose window opened under a caption of
+// its own is Write Mail in all but its caption.
+TEST(SimMail, SendingClosesTheMailAndNamesItsAttachments) {
+    const std::string log = TempPath("send.log");
+    const std::string first = TempPath("One.fde"), second = TempPath("Two.fde");
+    WriteFileText(first, "1");
+    WriteFileText(second, "2");
+    SimAOL sim(5, {"--mail", "--log", log});
+    const std::vector<std::string> compose = CtlLines({"children"});
+    HWND mail = ChildByCaption(sim.Mdi(), "Write Mail");
+    AttachThroughDialogs(mail, 14, "Attach", first);
+    AttachThroughDialogs(mail, 14, "Attach", second);
+    CtlLines({"mail-subject", "Schemes"});
+    ASSERT_EQ(Ctl({"mail-text", "two fades"}).status, 0);
+    ASSERT_EQ(Ctl({"mail-send", "now"}).status, 0);
+    EXPECT_FALSE(IsWindow(mail)) << "mail-send returns once the mail has gone";
+    EXPECT_EQ(SentMails(log),
+              (std::vector<std::vector<std::string>>{{"send-mail", "Send Now", "Schemes", "two fades", first + "|" + second}}));
+
+    ASSERT_EQ(Ctl({"open-mail", "Fade of the day"}).status, 0);
+    HWND other = ChildByCaption(sim.Mdi(), "Fade of the day");
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(CtlLines({"children"}), compose);
+    Click(NthChildOfClass(other, "_AOL_ICON", 16));  // Send Later, as Prismo clicks it
+    PumpUntil([&] { return !IsWindow(other); }, 10000);
+    EXPECT_FALSE(IsWindow(other));
+    const auto mails = SentMails(log);
+    ASSERT_EQ(mails.size(), 2u);
+    EXPECT_EQ(mails[1], (std::vector<std::string>{"send-mail", "Send Later", "", "", ""}));
 }
 
 }  // namespace
