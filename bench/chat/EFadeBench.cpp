@@ -31,7 +31,7 @@ std::string Highlight()
 }
 
 // The engine alone: the best of five runs, in milliseconds.
-double EngineMs(const std::string& text)
+double EngineMs(const std::string& text, size_t& fadedSize)
 {
     Options.FadeNumber = 6;
     for (int i = 0; i < 6; ++i) Options.Colors[static_cast<size_t>(i)] = kColors[i];
@@ -44,6 +44,7 @@ double EngineMs(const std::string& text)
         QueryPerformanceCounter(&start);
         FadeEngine(faded);
         QueryPerformanceCounter(&end);
+        fadedSize = faded.size();
         best = std::min(best, 1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) / frequency.QuadPart);
     }
     return best;
@@ -62,6 +63,19 @@ unsigned long EditorMs(SimAOL& sim)
         total += end - start;
     }
     return total;
+}
+
+// Waits for `done`, looking every millisecond: the end of a fade is timed
+// closer than the tests' pace of looking allows.
+template <class Done>
+bool WaitClosely(Done done, DWORD ms)
+{
+    const DWORD start = GetTickCount();
+    while (!done()) {
+        if (GetTickCount() - start > ms) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 1, QS_ALLINPUT);
+    }
+    return true;
 }
 
 int Fail(const char* why)
@@ -83,7 +97,8 @@ int main()
     SetOption("Style", "Wavy", "True");
 
     const std::string text = Highlight();
-    const double engine = EngineMs(text);
+    size_t fadedSize = 0;
+    const double engine = EngineMs(text, fadedSize);
 
     SimAOL sim;
     TestProcess prismo;
@@ -92,23 +107,31 @@ int main()
     HWND bar = nullptr;
     if (!PumpUntil([&] { return (bar = WindowWithChild(prismo.Id(), IDC_EF_FADE)) != nullptr; }, 60000))
         return Fail("the toolbar never came");
-    sim.Ctl("mail-text --file \"" + TempFile("efade-bench.txt", text) + "\"");
-    sim.Ctl("mail-select 0 -1");
-
-    const DWORD pressed = GetTickCount();
-    PostMessageA(bar, WM_COMMAND, MAKEWPARAM(IDC_EF_FADE, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(bar, IDC_EF_FADE)));
-    if (!PumpUntil([&] { return WindowWithChild(prismo.Id(), IDC_FM_MSG) != nullptr; }, 60000))
-        return Fail("the wait window never came");
-    if (!PumpUntil([&] { return WindowWithChild(prismo.Id(), IDC_FM_MSG) == nullptr; }, 120000))
-        return Fail("the wait window never went");
-    const DWORD total = GetTickCount() - pressed;
-    const unsigned long aol = EditorMs(sim);
+    // Twice: the first press also loads the wait window.
+    DWORD total = 0;
+    unsigned long aol = 0;
+    for (int press = 0; press < 2; ++press) {
+        sim.Ctl("mail-text --file \"" + TempFile("efade-bench.txt", text) + "\"");
+        sim.Ctl("mail-select 0 -1");
+        const unsigned long aolBefore = EditorMs(sim);
+        const DWORD pressed = GetTickCount();
+        PostMessageA(bar, WM_COMMAND, MAKEWPARAM(IDC_EF_FADE, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(GetDlgItem(bar, IDC_EF_FADE)));
+        if (!WaitClosely([&] { return WindowWithChild(prismo.Id(), IDC_FM_MSG) != nullptr; }, 60000))
+            return Fail("the wait window never came");
+        if (!WaitClosely([&] { return WindowWithChild(prismo.Id(), IDC_FM_MSG) == nullptr; }, 120000))
+            return Fail("the wait window never went");
+        total = GetTickCount() - pressed;
+        aol = EditorMs(sim) - aolBefore;
+        std::printf("  press %d: %lu ms from press to wait window gone, AOL's editor %lu ms\n", press + 1,
+                    static_cast<unsigned long>(total), aol);
+    }
     const double own = static_cast<double>(total) - 500.0 - static_cast<double>(aol);
 
-    std::printf("30,000 characters, six colours, wavy\n");
+    std::printf("30,000 characters, six colours, wavy: %zu bytes of AOL HTML; the mail's body now %zu bytes\n",
+                fadedSize, sim.Ctl("mail-body").size());
     std::printf("  fade engine alone:                 %8.1f ms\n", engine);
-    std::printf("  Apply Fade, press to wait gone:    %8lu ms\n", static_cast<unsigned long>(total));
+    std::printf("  Apply Fade (second press):         %8lu ms\n", static_cast<unsigned long>(total));
     std::printf("  AOL's editor (copy and paste):     %8lu ms\n", aol);
     std::printf("  Prismo's own part (- 500 ms pause): %7.1f ms = %.2f x the engine alone (limit 3)\n", own,
                 own / engine);
