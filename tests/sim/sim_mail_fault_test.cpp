@@ -7,7 +7,7 @@
 
 namespace {
 
-// True when nothing that the simulator had been asked to do is still pending:
+// Returns once nothing that the simulator had been asked to do is pending:
 // whatever a click posted has been handled.
 void Settle() { ASSERT_EQ(Ctl({"settle"}).status, 0); }
 
@@ -16,8 +16,14 @@ HWND TopLevelNow(const char* className, const char* caption) { return FindWindow
 // Closes AOL as its user does while a dialog is open; it must end, its log
 // closing with "quit".
 void CheckCleanQuit(SimAOL& sim, const std::string& log) {
+    HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, sim.Id());
+    ASSERT_NE(process, nullptr);
     ASSERT_EQ(Ctl({"quit"}).status, 0);
     EXPECT_TRUE(sim.WaitExit(15000)) << "AOL still runs";
+    DWORD code = 1;
+    GetExitCodeProcess(process, &code);
+    CloseHandle(process);
+    EXPECT_EQ(code, 0u) << "AOL ended by a fault";
     std::string text = ReadFileText(log);
     while (!text.empty() && text.back() == '\n') text.pop_back();
     EXPECT_EQ(text.substr(text.rfind('\n') + 1), "quit");

@@ -107,6 +107,8 @@ void CheckEditorCommands(HWND body, const std::string& window = "") {
     clipboard.Put(CF_TEXT, "<B>Hi</B>");
     SendMessageA(body, WM_COMMAND, 20003, 0);
     EXPECT_EQ(WindowText(body), "<B>Hi</B> world, again");
+    SendMessageA(body, WM_CHAR, '!', 1);
+    EXPECT_EQ(WindowText(body), "<B>Hi</B>! world, again") << "typing goes on after the pasted text";
 
     // A CR and an LF with tags between them break the line once, as CR LF does.
     ASSERT_EQ(Ctl(At(window, {"mail-select", "0", "-1"})).status, 0);

@@ -247,6 +247,9 @@ TEST(SimSession, BadCommandLinesAreRefused) {
     EXPECT_EQ(config.menuCount, 8);
     EXPECT_THROW(ParseSimArgs({"--signon-delay", "soon"}, 4), std::invalid_argument);
     EXPECT_EQ(ParseSimArgs({"--signon-delay=8"}, 4).signOnDelay, 8);
+    EXPECT_THROW(ParseSimArgs({"--mail-fault", "no-printer"}, 4), std::invalid_argument);
+    EXPECT_THROW(ParseSimArgs({"--attach-icon", "gone"}, 4), std::invalid_argument);
+    EXPECT_EQ(ParseSimArgs({"--mail-fault=no-open-button"}, 4).mailFault, SimMailFault::NoOpenButton);
 }
 
 TEST(SimSession, CommandLineIsReadAsAolReadsIt) {
