@@ -62,5 +62,6 @@ shot mail-efade
 # The scheme mailer: two schemes, a new mail composed in AOL.
 ctl mail-send later
 run "$build/win64/tests/chatlive/mail_scene.exe" mail-schemes "Cool Fade" "Ocean"
+ctl mail-select 0 0
 ctl paint
 shot mail-schemes
