@@ -166,12 +166,15 @@ void frmEFade::ApplyFade()
         return;
     }
 
-    trap.Run([&] { FadeMsg().Show(); });
+    // Shown without taking the keyboard from the mail.
+    trap.Run([&] {
+        if (FadeMsg().Loaded() || FadeMsg().Load()) ShowWindow(FadeMsg().hwnd(), SW_SHOWNA);
+    });
     Pause(500);
     // The toolbar closed, AOL or the program going: the mail stays untouched.
     if (!Loaded() || hwnd() != me || TheChatSession().Leaving() || !DoEvents()) {
         FadeMsg().Hide();
-        RestoreClipboardTexts(me, before);
+        RestoreClipboardTexts(IsWindow(me) ? me : nullptr, before);
         return;
     }
     trap.Run([&] {
