@@ -45,17 +45,6 @@ bool IsChatRoom(HWND window)
     return list && rich && combo && icon && GetAPIText(icon, false).empty();
 }
 
-// Focus moves to another program's window only with our input attached to
-// its thread for the moment.
-void FocusWindowOfOtherThread(HWND window)
-{
-    const DWORD ours = GetCurrentThreadId();
-    const DWORD theirs = GetWindowThreadProcessId(window, nullptr);
-    const bool attach = theirs && theirs != ours && AttachThreadInput(ours, theirs, TRUE);
-    SetFocus(window);
-    if (attach) AttachThreadInput(ours, theirs, FALSE);
-}
-
 void SetControlText(HWND window, const std::string& text)
 {
     SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
@@ -124,6 +113,17 @@ bool ReadSignOnNames(HWND combo, std::vector<std::string>& names)
     return true;
 }
 }  // namespace
+
+// Another program's window takes the focus only while our input is attached
+// to its thread.
+void FocusWindowOfOtherThread(HWND window)
+{
+    const DWORD ours = GetCurrentThreadId();
+    const DWORD theirs = GetWindowThreadProcessId(window, nullptr);
+    const bool attach = theirs && theirs != ours && AttachThreadInput(ours, theirs, TRUE);
+    SetFocus(window);
+    if (attach) AttachThreadInput(ours, theirs, FALSE);
+}
 
 void SetAOLMessageSink(AOLMessageSink* sink)
 {

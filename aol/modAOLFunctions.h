@@ -56,6 +56,9 @@ bool GetScreenNames();
 bool GetSignOnScreenNames(bool mayEndProgram = true);
 std::string GetCurrentScreenName();
 
+// Gives the keyboard focus to a window of AOL's (another program's thread).
+void FocusWindowOfOtherThread(HWND window);
+
 // The new mail open in AOL ("Write Mail", "Write e-mail" in Australia), or 0.
 HWND FindWriteMail();
 // Clicks AOL's write-mail button and returns the new mail window, or 0 when

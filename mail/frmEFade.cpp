@@ -69,6 +69,11 @@ void frmEFade::OnLoad()
     toolTips_.Set(hwnd(), cmdUndo.hwnd(), EFadeText::UndoChanges);
     toolTips_.Set(hwnd(), cmdCP.hwnd(), EFadeText::ControlPanel);
 
+    // Its width first, so that a centred toolbar is centred as it is shown.
+    RECT cp{};
+    GetWindowRect(cmdCP.hwnd(), &cp);
+    MapWindowPoints(nullptr, hwnd(), reinterpret_cast<POINT*>(&cp), 2);
+    Move(Left(), Top(), cp.right * TwipsPerPixelX() + kRightMargin, Height());
     FormOnTop(*this);
     ErrorTrap::Ignoring([&] {
         const auto top = ToLong(ReadSetting(Setting::EFadeTop));
@@ -80,11 +85,6 @@ void frmEFade::OnLoad()
     SetFormColor(*this);
     for (ZunButton* button : {&cmdFade, &cmdUndo, &cmdCP}) SetButtonColor(*button);
     SetOptColor(false, cmdExit);
-
-    RECT cp{};
-    GetWindowRect(cmdCP.hwnd(), &cp);
-    MapWindowPoints(nullptr, hwnd(), reinterpret_cast<POINT*>(&cp), 2);
-    Move(Left(), Top(), cp.right * TwipsPerPixelX() + kRightMargin, Height());
     // Owned by AOL's window, the toolbar stays with it (above it, hidden with it).
     SetWindowLongPtrA(hwnd(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(AOLWindow));
 }
@@ -102,20 +102,25 @@ void frmEFade::OnCommand(int id, int code, HWND)
     }
 }
 
-bool frmEFade::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&)
+// Label1 is the toolbar's title bar: the system moves the toolbar by it, and
+// the place is stored once the user lets go.
+bool frmEFade::OnMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result)
 {
-    if (message != WM_PARENTNOTIFY || LOWORD(wParam) != WM_LBUTTONDOWN) return false;
-    const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-    if (ChildWindowFromPoint(hwnd(), at) == Label1) Label1_MouseDown();
-    return true;
+    if (message == WM_NCHITTEST) {
+        const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+        RECT label{};
+        GetWindowRect(Label1, &label);
+        if (!PtInRect(&label, at)) return false;
+        result = HTCAPTION;
+        return true;
+    }
+    if (message == WM_EXITSIZEMOVE) Label1_MouseDown();
+    return false;
 }
 
+// After a drag by Label1: the new place is stored, Top first.
 void frmEFade::Label1_MouseDown()
 {
-    // The system moves the window as if by a title bar and returns when the user lets go.
-    ReleaseCapture();
-    SendMessageA(hwnd(), WM_NCLBUTTONDOWN, HTCAPTION, 0);
-    if (!Loaded()) return;
     WriteSetting(Setting::EFadeTop, std::to_string(Top()));
     WriteSetting(Setting::EFadeLeft, std::to_string(Left()));
 }
@@ -161,12 +166,15 @@ void frmEFade::ApplyFade()
         return;
     }
 
-    trap.Run([&] { FadeMsg().Show(); });
+    // Shown without taking the keyboard from the mail.
+    trap.Run([&] {
+        if (FadeMsg().Loaded() || FadeMsg().Load()) ShowWindow(FadeMsg().hwnd(), SW_SHOWNA);
+    });
     Pause(500);
     // The toolbar closed, AOL or the program going: the mail stays untouched.
     if (!Loaded() || hwnd() != me || TheChatSession().Leaving() || !DoEvents()) {
         FadeMsg().Hide();
-        RestoreClipboardTexts(me, before);
+        RestoreClipboardTexts(IsWindow(me) ? me : nullptr, before);
         return;
     }
     trap.Run([&] {

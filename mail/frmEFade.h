@@ -23,7 +23,7 @@ public:
     void cmdUndo_Click();
     void cmdCP_Click();
     void cmdExit_Click();
-    void Label1_MouseDown();
+    void Label1_MouseDown();  // the end of a drag by Label1
 
 protected:
     void OnLoad() override;

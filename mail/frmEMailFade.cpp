@@ -36,17 +36,6 @@ void Click(HWND control)
     SendMessageA(control, WM_LBUTTONUP, 0, 0);
 }
 
-// The keyboard focus to a control of AOL's: another thread's window takes it
-// only while the two threads share their input.
-void FocusControl(HWND control)
-{
-    const DWORD mine = GetCurrentThreadId();
-    const DWORD theirs = GetWindowThreadProcessId(control, nullptr);
-    const bool attached = theirs && theirs != mine && AttachThreadInput(mine, theirs, TRUE);
-    SetFocus(control);
-    if (attached) AttachThreadInput(mine, theirs, FALSE);
-}
-
 // The mail's attach icon: AOL 5.0 has one icon more before it.
 HWND AttachIcon(HWND mail)
 {
@@ -171,7 +160,7 @@ void frmEMailFade::MailSchemes()
     if (icon && IsWindowVisible(icon)) {
         if (!trap.Run([&] {
                 Pause(500);
-                FocusControl(icon);
+                FocusWindowOfOtherThread(icon);
                 Pause(500);
                 Click(icon);
                 Pause(1000);
@@ -222,7 +211,7 @@ bool frmEMailFade::AttachSchemes(const std::vector<std::string>& names)
         if (!AttachOne(attach, name)) return false;
     return trap.Run([&] {
         HWND ok = FindChildByClass(attachments, "_AOL_ICON", 3);
-        FocusControl(ok);
+        FocusWindowOfOtherThread(ok);
         Click(ok);
     });
 }
@@ -249,7 +238,7 @@ bool frmEMailFade::AttachOne(HWND attachButton, const std::string& name)
             return false;
         }
         trap.Run([&] {
-            FocusControl(field);
+            FocusWindowOfOtherThread(field);
             Pause(500);
             const std::string path = OutgoingFolder() + name + ".fde";
             SendMessageA(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
@@ -265,7 +254,7 @@ bool frmEMailFade::AttachOne(HWND attachButton, const std::string& name)
         return false;
     }
     trap.Run([&] {
-        FocusControl(open);
+        FocusWindowOfOtherThread(open);
         Click(open);
         Pause(500);
     });
