@@ -29,10 +29,13 @@ std::vector<std::string> Fields(const std::string& rest)
     return fields;
 }
 
-std::string Lower(std::string text)
+// `text` ends with `tail`, letters of either case alike (file names are).
+bool EndsWithAnyCase(const std::string& text, const std::string& tail)
 {
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
+    if (text.size() < tail.size()) return false;
+    return std::equal(tail.begin(), tail.end(), text.end() - static_cast<long>(tail.size()), [](char a, char b) {
+        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+    });
 }
 
 class SchemeMailTest : public ChatLiveTest {
@@ -105,9 +108,7 @@ protected:
     {
         const std::vector<std::string> fields = Fields(line);
         ASSERT_EQ(fields.size(), 2u) << line;
-        const std::string tail = "\\outgoing\\" + Lower(name) + ".fde";
-        EXPECT_EQ(Lower(fields[0]).substr(fields[0].size() - std::min(fields[0].size(), tail.size())), tail)
-            << fields[0];
+        EXPECT_TRUE(EndsWithAnyCase(fields[0], "\\outgoing\\" + name + ".fde")) << fields[0];
         EXPECT_EQ(fields[1], Escaped(FormatSchemeFile(ReadScheme(Registry(), name))));
     }
     std::vector<std::string> Logged(const std::string& event) { return ChatLive::Logged(log_, event); }
