@@ -31,7 +31,7 @@ protected:
     void Start(const std::string& simOptions = "--room \"Town Square\"")
     {
         ASSERT_TRUE(sim_.Start("40", "--signed-on \"Zun Tester\" " + simOptions));
-        ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
+        ASSERT_TRUE(prismo_.Start("\"" + program_ + "\""));
         PumpUntil([&] { return (panel_ = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW, false)) != nullptr; },
                   60000);
         ASSERT_TRUE(panel_) << "the control panel never came";
@@ -109,6 +109,7 @@ protected:
     }
 
     SimAOL sim_;
+    std::string program_ = Prismo();  // the prismo.exe that Start runs
     TestProcess prismo_;
     HWND panel_ = nullptr;
 };
