@@ -98,10 +98,3 @@ TEST(UpgradeText, WinInetErrorTextsKeepTheirTrailingBlanks)
     for (long other : {0L, 12000L, 12032L, 12035L, 12037L, 2L})
         EXPECT_EQ(TranslateErrorCode(other), "Error details not available.") << other;
 }
-
-TEST(UpgradeText, CriticalErrorNamesTheSiteAndTheAddress)
-{
-    EXPECT_EQ(CriticalErrorText("Zun Software", "help@example.com"),
-              "There was a ~B~CRcritical error~B~CN in retreiving data from ~BZun Software~B website!~B~N ~N~BPlease "
-              "E-Mail ~B~CBhelp@example.com~B~CN for further assistance!");
-}
