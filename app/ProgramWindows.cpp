@@ -8,6 +8,7 @@
 #include "frmEFade.h"
 #include "frmEMailFade.h"
 #include "frmMultiline.h"
+#include "frmVerCheck.h"
 #include "modWin32API.h"
 
 namespace {
@@ -45,11 +46,12 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
         return UnloadEMailToolbar();
     case ProgramWindow::EMailFades:
         return ShowEMailFades();
+    case ProgramWindow::VersionCheck:
+        return RunVersionCheck();
     // Windows still to come; each is opened here once it is part of the program.
     case ProgramWindow::Options:
     case ProgramWindow::Wizard:
     case ProgramWindow::About:
-    case ProgramWindow::VersionCheck:
         return false;
     }
     return false;

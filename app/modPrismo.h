@@ -26,6 +26,12 @@ bool AnotherInstanceRunning();
 // firstRun 0 (the "CHANGEAOL" start): tells where AOL will start next time.
 void GetAOLPath(int firstRun);
 
+// The host the upgrade check asks for the posted version.
+std::string UpgradeHost();
+// Compares the posted version (as the check read it) with the running one
+// and shows the answer in frmUpdate.
+void UpgradeNotify();
+
 // Stops the chat session (its hooks leave AOL), unloads every form and ends
 // the program.
 [[noreturn]] void EndProgram();

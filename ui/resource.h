@@ -108,3 +108,19 @@
 #define IDC_EM_LABEL 1102
 #define IDC_EM_EMAIL 1110
 #define IDC_EM_EXIT 1111
+
+// frmVerCheck (the upgrade check's wait window): 1400-1499
+#define IDD_VERCHECK 1400
+#define IDC_VC_LABEL2 1401
+#define IDC_VC_MSG 1402  // lblMsg
+#define IDC_VC_CANCEL 1410
+
+// frmUpdate (the upgrade check's answer): 1500-1599
+#define IDD_UPDATE 1500
+#define IDC_UP_MSG 1501     // lblMsg
+#define IDC_UP_LABEL2 1502
+#define IDC_UP_CURVER 1503  // lblCurVer
+#define IDC_UP_LABEL3 1504
+#define IDC_UP_REPORT 1505  // lblReport
+#define IDC_UP_YES 1510
+#define IDC_UP_OK 1511

@@ -39,7 +39,7 @@ protected:
     {
         SetOption("", "AOL Path", SimFolder() + "aol" + version);
         ASSERT_TRUE(sim_.Start(version, simOptions));
-        ASSERT_TRUE(prismo_.Start("\"" + Prismo() + "\""));
+        ASSERT_TRUE(prismo_.Start("\"" + program_ + "\""));
         PumpUntil([&] { return (panel_ = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW, false)) != nullptr; },
                   60000);
         ASSERT_TRUE(panel_) << "the control panel never came";
@@ -123,7 +123,7 @@ protected:
     }
     // The program's message box shown now, its text, and the box dismissed;
     // "" when none came.
-    std::string Message(DWORD ms = 10000)
+    std::string Message(DWORD ms = 20000)
     {
         HWND box = nullptr;
         PumpUntil([&] { return (box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA)) != nullptr; }, ms);
@@ -141,6 +141,7 @@ protected:
     }
 
     SimAOL sim_;
+    std::string program_ = Prismo();  // the prismo.exe that Start runs
     TestProcess prismo_;
     HWND panel_ = nullptr;
 };
