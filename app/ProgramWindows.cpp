@@ -4,10 +4,14 @@
 #include <windows.h>
 
 #include "ChatHooks.h"
+#include "ReloadControlPanel.h"
+#include "frmAbout.h"
 #include "frmChatTools.h"
 #include "frmEFade.h"
 #include "frmEMailFade.h"
 #include "frmMultiline.h"
+#include "frmoptions.h"
+#include "modAOLFunctions.h"
 #include "modWin32API.h"
 
 namespace {
@@ -45,10 +49,13 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
         return UnloadEMailToolbar();
     case ProgramWindow::EMailFades:
         return ShowEMailFades();
-    // Windows still to come; each is opened here once it is part of the program.
     case ProgramWindow::Options:
-    case ProgramWindow::Wizard:
+        return ShowOptions(ReloadControlPanel);
     case ProgramWindow::About:
+        return ShowAbout({[] { return IsAOLOnline(false); },
+                          [] { OpenProgramWindow({ProgramWindow::VersionCheck, ""}); }});
+    // Windows still to come; each is opened here once it is part of the program.
+    case ProgramWindow::Wizard:
     case ProgramWindow::VersionCheck:
         return false;
     }
