@@ -121,7 +121,10 @@ void frmoptions::Recolor(bool rebuildPanel)
     // The check boxes and option buttons take the form's colour as they repaint.
     RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     DrawFormEdge(*this);
-    if (rebuildPanel && reloadControlPanel_) reloadControlPanel_();
+    if (!rebuildPanel || !reloadControlPanel_) return;
+    reloadControlPanel_();
+    // The rebuilt panel comes up on top; the user is still working here.
+    FormOnTop(*this);
 }
 
 bool frmoptions::Checked(int id) const { return SendMessageA(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
