@@ -2,6 +2,7 @@
 // simulator signed on in a room, opened from Prismo's menu in AOL and by the
 // chat command, driven from outside as a user would, read back through the
 // registry and the screen.
+#include "AdvertText.h"
 #include "ChatLiveFixture.h"
 
 namespace ChatLive {
@@ -169,6 +170,30 @@ TEST_F(OptionsLiveTest, MenuAndChatCommandOpenOneDialogAndAModeChangeKeepsTheFad
     // The hooks stayed on AOL through the rebuild: a line still goes out faded.
     EXPECT_NE(sim_.Ctl("subclassed").find("input\tsubclassed\n"), std::string::npos);
     EXPECT_EQ(Send("still faded after the new colours"), Faded("still faded after the new colours"));
+}
+
+TEST_F(OptionsLiveTest, AnAdvertisementRunsOnThroughARebuildOfThePanel)
+{
+    SetOption("", "Top", "0");
+    SetOption("", "Left", "0");
+    Start();
+    Menu(60001);
+    HWND dialog = WaitForWindowWith(IDC_OP_EXIT);
+    ASSERT_TRUE(dialog);
+    const size_t before = Posted();
+    ASSERT_TRUE(AdvertStarted(before));
+    // The mode changes while the advertisement waits between its lines.
+    ASSERT_TRUE(CommandRunning(prismo_.Id()));
+    Click(dialog, IDC_OP_UIUSER);
+    EXPECT_EQ(Option("", "UIMode"), "2");
+    ASSERT_TRUE(AdvertDone(before));
+    EXPECT_EQ(PostedSince(before), ExpectedAdvert());
+    // The rebuilt panel shows the fader as the user left it, on, and so it is.
+    HWND panel = WindowWithChild(prismo_.Id(), IDC_CT_PREVIEW);
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(ScreenPixel(GetDlgItem(panel, IDC_CT_ON), 3, 3), RGB(192, 0, 0));
+    EXPECT_EQ(Option("", "Fader On"), "True");
+    EXPECT_EQ(Send("after the ad"), Faded("after the ad"));
 }
 
 TEST_F(OptionsLiveTest, InACommaLocaleTheDelayIsStoredWithAComma)
