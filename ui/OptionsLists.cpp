@@ -1,7 +1,7 @@
 // The options dialog's lists and the line delay's stored text.
 #include "OptionsLists.h"
 
-#include <charconv>
+#include <cstdio>
 #include <string>
 
 const std::vector<std::string>& BurstChoices()
@@ -21,14 +21,30 @@ const std::vector<std::string>& LineChoices()
     return choices;
 }
 
-// The entries are our own fixed texts with "."; they are read so whatever
-// the locale says.
-float BurstOfChoice(const std::string& entry)
+namespace {
+
+// A plain decimal text ("1.50", "0.1") as a float, read with "." whatever
+// the locale says: the digits as one whole number, divided once.
+float PlainDecimal(const std::string& text)
 {
-    float value = 0;
-    std::from_chars(entry.data(), entry.data() + entry.size(), value);
-    return value;
+    double digits = 0, divisor = 1;
+    bool fraction = false;
+    for (char c : text) {
+        if (c == '.' && !fraction) {
+            fraction = true;
+        } else if (c >= '0' && c <= '9') {
+            digits = digits * 10 + (c - '0');
+            if (fraction) divisor *= 10;
+        } else {
+            break;
+        }
+    }
+    return static_cast<float>(digits / divisor);
 }
+
+}  // namespace
+
+float BurstOfChoice(const std::string& entry) { return PlainDecimal(entry); }
 
 int BurstIndex(float burst)
 {
@@ -48,11 +64,18 @@ int LinesIndex(long chars)
 
 std::string BurstText(float burst, char decimalPoint)
 {
-    // The fewest digits that give the same float back: 1.5f is "1.5", not
-    // the "1.5000000" its double would print.
-    char text[32] = {};
-    const auto end = std::to_chars(text, text + sizeof text - 1, burst, std::chars_format::fixed).ptr;
-    std::string result(text, end);
+    // The fewest significant digits that give the same float back: 1.5f is
+    // "1.5", not the "1.5000000" its double would print.
+    std::string result;
+    for (int digits = 1; digits <= 9; ++digits) {
+        char text[32] = {};
+        std::snprintf(text, sizeof text, "%.*g", digits, static_cast<double>(burst));
+        result = text;
+        // The runtime writes its locale's separator; ours is the one asked for.
+        for (char& c : result)
+            if (c == ',') c = '.';
+        if (PlainDecimal(result) == burst) break;
+    }
     for (char& c : result)
         if (c == '.') c = decimalPoint;
     return result;

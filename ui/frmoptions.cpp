@@ -119,7 +119,8 @@ void frmoptions::Recolor(bool rebuildPanel)
     SetFormColor(*this);
     for (ZunButton* button : {&cmdSetColors, &cmdHelp, &cmdExit}) SetButtonColor(*button);
     // The check boxes and option buttons take the form's colour as they repaint.
-    RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    for (HWND child = GetWindow(hwnd(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        InvalidateRect(child, nullptr, TRUE);
     DrawFormEdge(*this);
     if (!rebuildPanel || !reloadControlPanel_) return;
     reloadControlPanel_();

@@ -466,4 +466,61 @@ TEST_F(OptionsDialogTest, UpdatesAsksForTheCheckOnlyWhileSignedOn)
     }
 }
 
+// Stands in for the help viewer: WinHelp hands its request to the window of
+// class "MS_WINHELP" as WM_COPYDATA; this one keeps the command and keyword.
+class HelpStandIn {
+public:
+    HelpStandIn()
+    {
+        WNDCLASSA wc{};
+        wc.lpfnWndProc = Proc;
+        wc.hInstance = GetModuleHandleA(nullptr);
+        wc.lpszClassName = "MS_WINHELP";
+        RegisterClassA(&wc);
+        window_ = CreateWindowExA(0, "MS_WINHELP", "Prismo!", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr,
+                                  nullptr, wc.hInstance, nullptr);
+    }
+    ~HelpStandIn() { DestroyWindow(window_); }
+    HelpStandIn(const HelpStandIn&) = delete;
+    HelpStandIn& operator=(const HelpStandIn&) = delete;
+
+    // The requests so far, as "command keyword".
+    static std::vector<std::string>& Requests()
+    {
+        static std::vector<std::string> requests;
+        return requests;
+    }
+
+private:
+    // The request as WinHelp packs it.
+    struct Request {
+        WORD size, command;
+        LONG data, reserved;
+        WORD ofsFilename, ofsData;
+    };
+    static LRESULT CALLBACK Proc(HWND w, UINT msg, WPARAM wp, LPARAM lp)
+    {
+        if (msg != WM_COPYDATA) return DefWindowProcA(w, msg, wp, lp);
+        const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lp);
+        const auto* request = static_cast<const Request*>(data->lpData);
+        const char* bytes = static_cast<const char*>(data->lpData);
+        std::string keyword = request->ofsData ? bytes + request->ofsData : "";
+        Requests().push_back(std::to_string(request->command) + " " + keyword);
+        return TRUE;
+    }
+    HWND window_ = nullptr;
+};
+
+TEST_F(OptionsDialogTest, EachHelpButtonAsksForItsOwnKeyword)
+{
+    HelpStandIn help;
+    HelpStandIn::Requests().clear();
+    ASSERT_TRUE(Open());
+    Click(IDC_OP_HELP);
+    ASSERT_TRUE(OpenProgramWindow({ProgramWindow::About, ""}));
+    SendMessageA(GetDlgItem(AboutBox()->hwnd(), IDC_AB_HELP), BM_CLICK, 0, 0);
+    const std::vector<std::string> expected = {"261 Options", "261 Table Of Contents"};
+    EXPECT_EQ(HelpStandIn::Requests(), expected);
+}
+
 }  // namespace
