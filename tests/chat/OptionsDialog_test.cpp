@@ -312,7 +312,9 @@ TEST_F(OptionsDialogTest, ChangingTheModeRecoloursTheDialogAndRebuildsThePanel)
                  {IDC_OP_UIENH, 1, RGB(255, 251, 240), RGB(0, 109, 173)}};
     for (const Case& c : cases) {
         HWND before = panel.hwnd();
+        const Tree tree = TestEnv::ProgramTree();
         Click(c.button);
+        EXPECT_EQ(Differences(tree, TestEnv::ProgramTree()).size(), 1u) << "the rebuild stored more than the mode";
         EXPECT_EQ(Options.UIMode, c.mode);
         EXPECT_EQ(Stored("", "UIMode"), std::to_string(c.mode));
         EXPECT_EQ(Enabled(IDC_OP_SETCOLORS), c.mode == 2);
