@@ -196,6 +196,34 @@ TEST_F(OptionsLiveTest, AnAdvertisementRunsOnThroughARebuildOfThePanel)
     EXPECT_EQ(Send("after the ad"), Faded("after the ad"));
 }
 
+TEST_F(OptionsLiveTest, AMultilineSendRunsOnThroughARebuildOfThePanel)
+{
+    SetOption("Multiline", "Multiline Burst", "1");
+    Start();
+    Menu(60001);
+    HWND dialog = WaitForWindowWith(IDC_OP_EXIT);
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(Send("/multiline"), "");
+    HWND ml = WaitForWindowWith(IDC_ML_CHAT);
+    ASSERT_TRUE(ml);
+    const std::string text = "first of three\r\nsecond of three\r\nthird of three";
+    SendMessageA(GetDlgItem(ml, IDC_ML_CHAT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    const size_t before = Posted();
+    PostMessageA(ml, WM_COMMAND, MAKEWPARAM(IDC_ML_SEND, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(ml, IDC_ML_SEND)));
+    ASSERT_TRUE(PumpUntil([&] { return Posted() > before; }, 15000)) << "the send never began";
+    ASSERT_TRUE(CommandRunning(prismo_.Id()));
+    Click(dialog, IDC_OP_UISTD);
+    EXPECT_EQ(Option("", "UIMode"), "0");
+    ASSERT_TRUE(PumpUntil([&] { return Posted() >= before + 3 && !CommandRunning(prismo_.Id()); }, 30000));
+    const std::vector<std::string> expected = {Faded("first of three"), Faded("second of three"),
+                                               Faded("third of three")};
+    std::vector<std::string> posted;
+    for (const std::string& line : PostedSince(before)) posted.push_back(line + "\n");
+    EXPECT_EQ(posted, expected);
+    EXPECT_EQ(Send("the hook is back"), Faded("the hook is back"));
+}
+
 TEST_F(OptionsLiveTest, InACommaLocaleTheDelayIsStoredWithAComma)
 {
     UserDecimal comma(",");
