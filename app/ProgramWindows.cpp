@@ -4,11 +4,15 @@
 #include <windows.h>
 
 #include "ChatHooks.h"
+#include "ReloadControlPanel.h"
+#include "frmAbout.h"
 #include "frmChatTools.h"
 #include "frmEFade.h"
 #include "frmEMailFade.h"
 #include "frmMultiline.h"
 #include "frmVerCheck.h"
+#include "frmoptions.h"
+#include "modAOLFunctions.h"
 #include "modWin32API.h"
 
 namespace {
@@ -48,10 +52,13 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
         return ShowEMailFades();
     case ProgramWindow::VersionCheck:
         return RunVersionCheck();
-    // Windows still to come; each is opened here once it is part of the program.
     case ProgramWindow::Options:
-    case ProgramWindow::Wizard:
+        return ShowOptions(ReloadControlPanel);
     case ProgramWindow::About:
+        return ShowAbout({[] { return IsAOLOnline(false); },
+                          [] { OpenProgramWindow({ProgramWindow::VersionCheck, ""}); }});
+    // Windows still to come; each is opened here once it is part of the program.
+    case ProgramWindow::Wizard:
         return false;
     }
     return false;

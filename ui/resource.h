@@ -109,6 +109,45 @@
 #define IDC_EM_EMAIL 1110
 #define IDC_EM_EXIT 1111
 
+// frmoptions: 1200-1299
+#define IDD_OPTIONS 1200
+#define IDC_OP_OPENFADE 1201  // chkOpenFade
+#define IDC_OP_CHATKW 1202
+#define IDC_OP_EFADE 1203
+#define IDC_OP_LABEL2 1204
+#define IDC_OP_MULTILINE 1205
+#define IDC_OP_LABEL4 1206
+#define IDC_OP_BURSTSECS 1207
+#define IDC_OP_LABEL5 1208
+#define IDC_OP_LINETITLE 1209
+#define IDC_OP_LINES 1210
+#define IDC_OP_LABEL6 1211
+#define IDC_OP_LABEL7 1212
+#define IDC_OP_LABEL1 1213
+#define IDC_OP_ALIAS 1214     // chkAlias
+#define IDC_OP_LBLALIAS 1215
+#define IDC_OP_TXTALIAS 1216
+#define IDC_OP_FADESAMPLE 1217
+#define IDC_OP_LABEL3 1218
+#define IDC_OP_UISTD 1220
+#define IDC_OP_UIENH 1221
+#define IDC_OP_UIUSER 1222
+#define IDC_OP_SETCOLORS 1230
+#define IDC_OP_HELP 1231
+#define IDC_OP_EXIT 1232
+
+// frmAbout: 1300-1399
+#define IDD_ABOUT 1300
+#define IDC_AB_PICTURE1 1301  // with the title, Label10, painted on it
+#define IDC_AB_LBLCOLOR 1302
+#define IDC_AB_LABEL2 1303
+#define IDC_AB_VERSION 1304
+#define IDC_AB_LABEL3 1305
+#define IDC_AB_RELEASE 1306
+#define IDC_AB_UPDATES 1310
+#define IDC_AB_HELP 1311
+#define IDC_AB_OK 1312
+
 // frmVerCheck (the upgrade check's wait window): 1400-1499
 #define IDD_VERCHECK 1400
 #define IDC_VC_LABEL2 1401

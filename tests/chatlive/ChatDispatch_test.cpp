@@ -195,7 +195,6 @@ TEST_F(Dispatch, TheWatcherTicksOnItsOwnWindowAndEndsTheSessionWithAOL)
 TEST(DispatchWithoutObserver, WindowsNotYetBuiltReportThatTheyDidNotOpen)
 {
     EXPECT_FALSE(OpenProgramWindow({ProgramWindow::Wizard, ""}));
-    EXPECT_FALSE(OpenProgramWindow({ProgramWindow::About, ""}));
 }
 
 }  // namespace
