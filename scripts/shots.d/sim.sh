@@ -2,26 +2,13 @@
 # Screenshots of the AOL simulator: a chat room whose transcript shows lines
 # faded by prismo-fade, and a Write Mail window with a faded body.
 set -eu
-root=$(cd "$(dirname "$0")/../.." && pwd)
-build=${PRISMO_BUILD:-$root/build}
-aol="$build/win64/aolsim/aol40/waol.exe"
-ctl="$build/win64/aolsim/aolsimctl.exe"
+source "$(dirname "$0")/scene.bash"
 fade="$build/win64/cli/prismo-fade.exe"
-for f in "$aol" "$ctl" "$fade"; do [ -x "$f" ] || { echo "sim.sh: $f is not built"; exit 1; }; done
-export WINEDEBUG=${WINEDEBUG:--all}
-export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
-mkdir -p "$PRISMO_SHOTS"
-declare -F shot >/dev/null || shot() { import -window root "$PRISMO_SHOTS/$1.png"; }
+need "$sim/aol40/waol.exe" "$ctl" "$fade"
 
-run() { "$root/scripts/wine-run" "$@"; }
 faded() { run "$fade" "$@" | tr -d '\r'; }
 
-run "$aol" --room "Town Square - Lobby 12" --signed-on "Zun Tester" \
-    --screen-names "Zun Tester,Guest" &
-aolpid=$!
-trap 'run "$ctl" kill >/dev/null 2>&1 || kill $aolpid 2>/dev/null || true' EXIT
-run "$ctl" wait 60
+start_aol --room "Town Square - Lobby 12" --signed-on "Zun Tester" --screen-names "Zun Tester,Guest"
 
 say() { run "$ctl" type "$1"; run "$ctl" key enter; }
 say "hi all, watch this"

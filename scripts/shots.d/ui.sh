@@ -4,16 +4,9 @@
 # on a 256-colour display, where the program must start in mode 0 whatever
 # mode is stored.
 set -eu
-root=$(cd "$(dirname "$0")/../.." && pwd)
-build=${PRISMO_BUILD:-$root/build}
+source "$(dirname "$0")/scene.bash"
 scenes="$build/win64/tests/ui/ui_scenes.exe"
-[ -x "$scenes" ] || { echo "ui.sh: $scenes is not built"; exit 1; }
-export WINEDEBUG=${WINEDEBUG:--all}
-export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
-mkdir -p "$PRISMO_SHOTS"
-declare -F shot >/dev/null || shot() { import -window root "$PRISMO_SHOTS/$1.png"; }
-source "$root/scripts/shots.d/scene.bash"
+need "$scenes"
 scene() { run_scene "$scenes" "$@"; }
 
 scene ui-msg-chatroom chatroom

@@ -3,30 +3,9 @@
 # web server of this script's own: the wait window while the server takes its
 # time, the answer when a newer version is posted, and when it is not.
 set -eu
-root=$(cd "$(dirname "$0")/../.." && pwd)
-build=${PRISMO_BUILD:-$root/build}
-sim="$build/win64/aolsim"
-ctl="$sim/aolsimctl.exe"
-prismo="$build/win64/app/prismo.exe"
+source "$(dirname "$0")/scene.bash"
 scene="$build/win64/tests/chatlive/update_scene.exe"
-for f in "$sim/aol40/waol.exe" "$ctl" "$prismo" "$scene"; do
-    [ -x "$f" ] || { echo "updates.sh: $f is not built"; exit 1; }
-done
-export WINEDEBUG=${WINEDEBUG:--all}
-export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
-mkdir -p "$PRISMO_SHOTS"
-declare -F shot >/dev/null || shot() { import -window root "$PRISMO_SHOTS/$1.png"; }
-
-run() { "$root/scripts/wine-run" "$@"; }
-ctl() { run "$ctl" "$@"; }
-# until_true SECONDS COMMAND...: asks until the command succeeds.
-until_true() {
-    local limit=$1
-    shift
-    for _ in $(seq $((limit * 10))); do "$@" && return 0; sleep 0.1; done
-    return 1
-}
+need "$sim/aol40/waol.exe" "$ctl" "$prismo" "$scene"
 
 # The web server: answers /prismover32 with the file "body" after "delay"
 # seconds, and leaves "asked" behind as soon as a request has come.
@@ -55,23 +34,10 @@ webpid=$!
 until_true 20 test -s "$web/port" || { echo "updates.sh: the web server never came up"; exit 1; }
 export PRISMO_UPDATE_HOST="127.0.0.1:$(cat "$web/port")"
 
-reg="$build/shots-updates.reg"
-{
-    cat "$root/data/schemes/Schemes.reg"
-    echo
-    echo '[HKEY_CURRENT_USER\Software\Zun Software\Prismo]'
-    echo "\"AOL Path\"=\"$(winepath -w "$sim/aol40" | sed 's/\\/\\\\/g')\""
-} >"$reg"
-wine regedit /S "$(winepath -w "$reg")"
-wineserver -w
-
-run "$sim/aol40/waol.exe" --signed-on "Zun Tester" --room "Town Square" &
-aolpid=$!
+install_settings
+start_aol --signed-on "Zun Tester" --room "Town Square"
 trap 'ctl kill >/dev/null 2>&1 || kill $aolpid 2>/dev/null || true; kill $webpid 2>/dev/null || true; rm -rf "$web"' EXIT
-ctl wait 60
-run "$prismo" &
-menu_added() { ctl menu 2>/dev/null | grep -q 'Prism&o'; }
-until_true 120 menu_added || { echo "updates.sh: Prismo never came up"; exit 1; }
+start_prismo
 # "/updates" is a chat command: typed once Prismo's hook sits on the room's input.
 hooked() { ctl subclassed 2>/dev/null | grep -q "^input.subclassed"; }
 until_true 60 hooked || { echo "updates.sh: the chat room was never hooked"; exit 1; }
