@@ -73,6 +73,20 @@ inline long AskSession(DWORD pid, const char* message, WPARAM wParam = 0)
 // How many times the watcher of the program `pid` has ticked; -1 before its session exists.
 inline long WatcherTicks(DWORD pid) { return AskSession(pid, kWatcherTicksMessage); }
 
+// The Prismo running in this desktop (its chat session's process), 0 when none.
+inline DWORD RunningPrismo()
+{
+    DWORD pid = 0;
+    if (HWND session = FindWindowA(kChatSessionClass, nullptr)) GetWindowThreadProcessId(session, &pid);
+    return pid;
+}
+
+// A button of one of the program's windows pressed, as a click posts it.
+inline void Press(HWND window, int id)
+{
+    PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
+}
+
 // Whether the program `pid` is still carrying out a chat or menu command.
 inline bool CommandRunning(DWORD pid) { return AskSession(pid, kCommandRunningMessage) > 0; }
 

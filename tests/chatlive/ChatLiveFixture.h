@@ -116,11 +116,6 @@ protected:
         return PumpUntil([&] { return sim_.Ctl("keywords").find(keyword + "\n") != std::string::npos; }, 5000);
     }
 
-    // A button of one of the program's windows pressed, as a click posts it.
-    void Press(HWND window, int id)
-    {
-        PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
-    }
     // The program's message box shown now, its text, and the box dismissed;
     // "" when none came.
     std::string Message(DWORD ms = 20000)

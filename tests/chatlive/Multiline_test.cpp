@@ -93,10 +93,6 @@ protected:
     {
         SendMessageA(GetDlgItem(ml, IDC_ML_CHAT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
-    void Press(HWND window, int id)
-    {
-        PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
-    }
     // True once the window has gone and the program has finished sending.
     bool Closed(HWND ml, DWORD ms = 120000)
     {

@@ -14,18 +14,6 @@ using namespace ChatLive;
 
 namespace {
 
-DWORD PrismoId()
-{
-    DWORD pid = 0;
-    if (HWND session = FindWindowA(kChatSessionClass, nullptr)) GetWindowThreadProcessId(session, &pid);
-    return pid;
-}
-
-void Press(HWND window, int id)
-{
-    PostMessageA(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
-}
-
 // Presses `id` of `window` and waits until the command it starts has run.
 bool PressAndWait(DWORD pid, HWND window, int id)
 {
@@ -38,7 +26,7 @@ bool PressAndWait(DWORD pid, HWND window, int id)
 
 int main(int argc, char** argv)
 {
-    const DWORD pid = PrismoId();
+    const DWORD pid = RunningPrismo();
     if (!pid || argc < 2) return std::puts("mail_scene: no Prismo running, or nothing asked"), 1;
     const std::string what = argv[1];
     if (what == "apply-fade") {

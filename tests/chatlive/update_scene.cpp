@@ -14,13 +14,6 @@ using namespace ChatLive;
 
 namespace {
 
-DWORD PrismoId()
-{
-    DWORD pid = 0;
-    if (HWND session = FindWindowA(kChatSessionClass, nullptr)) GetWindowThreadProcessId(session, &pid);
-    return pid;
-}
-
 // `window` and its controls have painted whatever they had to paint.
 void Drawn(HWND window)
 {
@@ -45,7 +38,7 @@ bool WaitFor(DWORD pid, int id, bool drawn)
 
 int main(int argc, char** argv)
 {
-    const DWORD pid = PrismoId();
+    const DWORD pid = RunningPrismo();
     if (!pid || argc < 2) return std::puts("update_scene: no Prismo running, or nothing asked"), 1;
     const std::string what = argv[1];
     if (what == "wait-verCheck") return WaitFor(pid, IDC_VC_CANCEL, false) ? 0 : 1;
