@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <cstdio>
 #include <functional>
 #include <string>
 
@@ -22,8 +23,10 @@ public:
         STARTUPINFOA si = {};
         si.cb = sizeof si;
         std::string line = commandLine;
-        return CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si,
-                              &info_) != 0;
+        if (CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &info_)) return true;
+        // Say why, so that a failed start can be told apart from a program that ended.
+        std::fprintf(stderr, "could not start %s: error %lu\n", commandLine.c_str(), GetLastError());
+        return false;
     }
     void Kill()
     {
