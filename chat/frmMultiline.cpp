@@ -9,7 +9,6 @@
 
 #include "ChatHooks.h"
 #include "ChatSession.h"
-#include "Convert.h"
 #include "ErrorTrap.h"
 #include "MultilineText.h"
 #include "Options.h"
@@ -102,13 +101,7 @@ void frmMultiline::OnLoad()
     cmdSend.Attach(Item(IDC_ML_SEND));
     cmdClose.Attach(Item(IDC_ML_CLOSE));
     FormOnTop(*this);
-    ErrorTrap::Ignoring([&] {
-        const auto top = ToLong(ReadSetting(Setting::MultilineTop));
-        if (!top) return CenterForm(*this);
-        Move(ToLong(ReadSetting(Setting::MultilineLeft)).value_or(0), *top, Width(), Height());
-        RePosForm(*this, 0);
-        RePosForm(*this, 1);
-    });
+    ErrorTrap::Ignoring([&] { RestoreFormPlace(*this, Setting::MultilineTop, Setting::MultilineLeft); });
     SetFormColor(*this);
     for (ZunButton* button : {&cmdInsert, &cmdSend, &cmdClose}) SetButtonColor(*button);
     SetProgressColor(SSPanel1);

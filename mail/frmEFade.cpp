@@ -4,9 +4,7 @@
 // put back afterwards.
 #include "frmEFade.h"
 
-#include "ChatHooks.h"
 #include "ChatSession.h"
-#include "Convert.h"
 #include "EMailText.h"
 #include "ErrorTrap.h"
 #include "Options.h"
@@ -75,13 +73,7 @@ void frmEFade::OnLoad()
     MapWindowPoints(nullptr, hwnd(), reinterpret_cast<POINT*>(&cp), 2);
     Move(Left(), Top(), cp.right * TwipsPerPixelX() + kRightMargin, Height());
     FormOnTop(*this);
-    ErrorTrap::Ignoring([&] {
-        const auto top = ToLong(ReadSetting(Setting::EFadeTop));
-        if (!top) return CenterForm(*this);
-        Move(ToLong(ReadSetting(Setting::EFadeLeft)).value_or(0), *top, Width(), Height());
-        RePosForm(*this, 0);
-        RePosForm(*this, 1);
-    });
+    ErrorTrap::Ignoring([&] { RestoreFormPlace(*this, Setting::EFadeTop, Setting::EFadeLeft); });
     SetFormColor(*this);
     for (ZunButton* button : {&cmdFade, &cmdUndo, &cmdCP}) SetButtonColor(*button);
     SetOptColor(false, cmdExit);
@@ -125,14 +117,11 @@ void frmEFade::Label1_MouseDown()
     WriteSetting(Setting::EFadeLeft, std::to_string(Left()));
 }
 
+// A fade waits with events running; it is one of the things that never nest,
+// so a second press while it runs is ignored.
 void frmEFade::cmdFade_Click()
 {
-    if (fading_) return;
-    // A fade waits with events running; it is one of the things that never nest.
-    TheChatSession().RunAlone([&] {
-        const FlagUp fading(fading_);
-        ApplyFade();
-    });
+    TheChatSession().RunAlone([&] { ApplyFade(); });
 }
 
 void frmEFade::ApplyFade()

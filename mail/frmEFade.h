@@ -34,7 +34,6 @@ protected:
 private:
     void ApplyFade();
     ToolTips toolTips_;
-    bool fading_ = false;
 };
 
 // The program's one toolbar; each loading starts afresh.

@@ -128,7 +128,6 @@ std::string frmEMailFade::GetOwnName()
 
 void frmEMailFade::cmdEmail_Click()
 {
-    if (running_) return;
     // The run waits with events running; it is one of the things that never nest.
     TheChatSession().RunAlone([&] {
         const FlagUp running(running_);

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
+#include "Convert.h"
 #include "ErrorTrap.h"
 #include "FormPlacement.h"
+#include "modRegKeys.h"
 #include "modWin32API.h"
 #include "modZunBtns.h"
 
@@ -324,6 +326,15 @@ void MoveTo(Form& form, const FormRect& r) { form.Move(r.left, r.top, r.width, r
 void CenterForm(Form& form) { MoveTo(form, CenterRect(RectOf(form), ScreenWidth(), ScreenHeight())); }
 
 void RePosForm(Form& form, int axis) { MoveTo(form, RePosRect(RectOf(form), axis, ScreenWidth(), ScreenHeight())); }
+
+void RestoreFormPlace(Form& form, const SettingName& top, const SettingName& left)
+{
+    const auto storedTop = ToLong(ReadSetting(top));
+    if (!storedTop) return CenterForm(form);
+    form.Move(ToLong(ReadSetting(left)).value_or(0), *storedTop, form.Width(), form.Height());
+    RePosForm(form, 0);
+    RePosForm(form, 1);
+}
 
 void FormOnTop(Form& form) { SetWindowZOrder(form.hwnd(), -1); }
 void FormNotOnTop(Form& form) { SetWindowZOrder(form.hwnd(), 0); }

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "Catalog.h"
 #include "GdiObjects.h"
 #include "UIColors.h"
 
@@ -113,6 +114,9 @@ void WaitWhileShown(Form& form, bool blockOthers);
 // Placement helpers every form uses.
 void CenterForm(Form& form);
 void RePosForm(Form& form, int axis);  // 0 vertical, 1 horizontal
+// The form at its stored place (`top` and `left`, in twips), pulled back onto
+// the screen vertically, then horizontally; centred when no top is stored.
+void RestoreFormPlace(Form& form, const SettingName& top, const SettingName& left);
 void FormOnTop(Form& form);
 void FormNotOnTop(Form& form);
 // The first step of every dialog's loading: topmost, centred, coloured.
