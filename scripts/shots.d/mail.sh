@@ -4,7 +4,7 @@
 # mailer composed with two Fade Schemes attached.
 set -eu
 source "$(dirname "$0")/scene.bash"
-need "$sim/aol40/waol.exe" "$ctl" "$prismo" "$build/win64/tests/chatlive/mail_scene.exe"
+need "$sim/aol40/waol.exe" "$ctl" "$prismo" "$live_scene"
 
 # What the installer leaves, with the toolbar's place and the samples on.
 install_settings '[HKEY_CURRENT_USER\Software\Zun Software\Prismo\E-Fade]
@@ -20,14 +20,14 @@ start_prismo
 ctl mail-subject "Look at this" >/dev/null
 ctl mail-text "Hello Kim!  This line was faded by Prismo's e-mail toolbar."
 ctl mail-select 12 47
-run "$build/win64/tests/chatlive/mail_scene.exe" apply-fade
+run "$live_scene" apply-fade
 ctl mail-select 0 0
 ctl paint
 shot mail-efade
 
 # The scheme mailer: two schemes, a new mail composed in AOL.
 ctl mail-send later
-run "$build/win64/tests/chatlive/mail_scene.exe" mail-schemes "Cool Fade" "Ocean"
+run "$live_scene" mail-schemes "Cool Fade" "Ocean"
 ctl mail-select 0 0
 ctl paint
 shot mail-schemes

@@ -7,8 +7,7 @@ source "$(dirname "$0")/scene.bash"
 scenes="$build/win64/tests/chat/options_scenes.exe"
 need "$scenes" "$sim/aol40/waol.exe" "$ctl"
 
-# The shipped schemes, as the installer leaves them.
-wine regedit /S "$(winepath -w "$root/data/schemes/Schemes.reg")" >/dev/null 2>&1
+install_settings
 
 start_aol --room "Lobby 12" --signed-on "Zun Tester"
 

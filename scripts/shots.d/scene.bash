@@ -6,6 +6,7 @@ build=${PRISMO_BUILD:-$root/build}
 sim="$build/win64/aolsim"
 ctl="$sim/aolsimctl.exe"
 prismo="$build/win64/app/prismo.exe"
+live_scene="$build/win64/tests/chatlive/live_scene.exe"
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 export PRISMO_SHOTS=${PRISMO_SHOTS:-$root/out/shots}
@@ -19,13 +20,6 @@ need() {
 }
 run() { "$root/scripts/wine-run" "$@"; }
 ctl() { run "$ctl" "$@"; }
-# until_true SECONDS COMMAND...: asks until the command succeeds.
-until_true() {
-    local limit=$1
-    shift
-    for _ in $(seq $((limit * 10))); do "$@" && return 0; sleep 0.1; done
-    return 1
-}
 
 # install_settings LINES: what the installer leaves (the shipped schemes and
 # where AOL lives), and the registry lines given, in regedit's form.
@@ -51,11 +45,11 @@ start_aol() {
     ctl wait 60
 }
 
-# start_prismo: Prismo beside the running simulator, until its menu is in AOL.
+# start_prismo [room]: Prismo beside the running simulator, until its menu is
+# in AOL (and, with "room", its hooks on the chat room's input).
 start_prismo() {
     run "$prismo" &
-    menu_added() { ctl menu 2>/dev/null | grep -q 'Prism&o'; }
-    until_true 120 menu_added || { echo "$(basename "$0"): Prismo never came up"; exit 1; }
+    run "$live_scene" wait-prismo "$@" || { echo "$(basename "$0"): Prismo never came up"; exit 1; }
 }
 
 # run_scene PROGRAM NAME ARGS...: starts PROGRAM ARGS under Wine, waits until

@@ -315,11 +315,12 @@ TEST_F(UpdatesTest, ServersThatAnswerBadly)
 TEST_F(UpdatesTest, SlowAndSilentServersAndTheHooksAfterThem)
 {
     StartAsking();
-    WebServer::Reply slow{WebServer::Page(VersionText()), 3000};
+    WebServer::Reply slow{WebServer::Page(VersionText()), true};
     server_.Answer(slow);
     Check();
     ASSERT_TRUE(Requested(1));
-    sim_.Ctl("type slow");  // typed while the program cannot answer
+    sim_.Ctl("type slow");  // typed while the program cannot answer (the hooks give up after 2 s)
+    server_.Release();
     const UpdateShown shown = Update();
     ASSERT_TRUE(shown.window) << "a slow server still answers";
     EXPECT_EQ(shown.message, UpgradeText::Latest);
@@ -327,7 +328,7 @@ TEST_F(UpdatesTest, SlowAndSilentServersAndTheHooksAfterThem)
     TwoTicks();
     EXPECT_EQ(Send(""), Faded("slow"));
 
-    server_.Answer(WebServer::Reply{"", 0, true});
+    server_.Answer(WebServer::Reply{"", false, true});
     Check();
     ASSERT_TRUE(Requested(2));
     const DWORD asked = GetTickCount();

@@ -1,6 +1,7 @@
 // A small web server on 127.0.0.1 for the upgrade check's tests and
 // benchmark: it answers each request with whatever the test set up (a page,
-// a delay, half an answer, silence) and remembers what it was asked. It
+// a page held back until the test lets it go, half an answer, silence) and
+// remembers what it was asked. It
 // serves at most a fixed number of requests and holds no connection for
 // longer than a minute, so a broken run cannot hang on it.
 #pragma once
@@ -9,6 +10,8 @@
 #include <ws2tcpip.h>
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -19,7 +22,7 @@ public:
     // How the next requests are answered.
     struct Reply {
         std::string bytes;       // sent as they are, headers and all
-        DWORD delayMs = 0;       // before anything is sent
+        bool held = false;       // sent only once the test calls Release
         bool silent = false;     // never answers; holds the connection until the client lets go
     };
 
@@ -75,13 +78,24 @@ public:
         std::lock_guard<std::mutex> lock(mutex_);
         return requests_.size();
     }
+    // Lets a held answer go.
+    void Release()
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        released_ = true;
+        releasedChanged_.notify_all();
+    }
     // True while a request is being answered (or held, when silent).
     bool Busy() const { return busy_; }
 
     // Closes the port: later connections are refused.
     void StopListening()
     {
-        stop_ = true;
+        {
+            std::lock_guard<std::mutex> lock(mutex_);
+            stop_ = true;
+        }
+        releasedChanged_.notify_all();  // a held answer lets go too
         if (thread_.joinable()) thread_.join();
         if (listener_ != INVALID_SOCKET) closesocket(listener_);
         listener_ = INVALID_SOCKET;
@@ -142,7 +156,12 @@ private:
             }
             return true;
         }
-        if (reply.delayMs) Sleep(reply.delayMs);
+        if (reply.held) {
+            std::unique_lock<std::mutex> lock(mutex_);
+            releasedChanged_.wait_for(lock, std::chrono::milliseconds(kLongestHoldMs),
+                                      [&] { return released_ || stop_; });
+            released_ = false;
+        }
         for (size_t sent = 0; sent < reply.bytes.size() && !stop_;) {
             const int n = send(client, reply.bytes.data() + sent, static_cast<int>(reply.bytes.size() - sent), 0);
             if (n <= 0) break;
@@ -160,6 +179,8 @@ private:
     std::thread thread_;
     std::atomic<bool> stop_{false}, busy_{false};
     std::mutex mutex_;
+    std::condition_variable releasedChanged_;
+    bool released_ = false;
     Reply reply_{Page("1.0.0")};
     std::vector<std::string> requests_;
 };
