@@ -117,52 +117,10 @@ std::string SchemeMailBody(const std::vector<MailedScheme>& schemes, const std::
     return body;
 }
 
-namespace {
-
-bool IsDeviceName(const std::string& name)
-{
-    std::string base = name.substr(0, name.find('.'));
-    base.erase(base.find_last_not_of(' ') + 1);
-    std::transform(base.begin(), base.end(), base.begin(), [](unsigned char c) { return std::toupper(c); });
-    if (base == "CON" || base == "PRN" || base == "AUX" || base == "NUL") return true;
-    const bool numbered = base.size() == 4 && (base.compare(0, 3, "COM") == 0 || base.compare(0, 3, "LPT") == 0);
-    return numbered && base[3] >= '1' && base[3] <= '9';
-}
-
-bool FitsAsFileName(const std::string& name, const std::string& folder)
-{
-    if (name.empty() || name.back() == '.' || name.back() == ' ') return false;
-    for (unsigned char c : name)
-        if (c < 32 || std::string("\\/:*?\"<>|").find(static_cast<char>(c)) != std::string::npos) return false;
-    if (IsDeviceName(name)) return false;
-    return folder.size() + name.size() + 4 <= 259;
-}
-
-// Control characters as ^A, ^B... so that a message can show them.
-std::string Shown(const std::string& name)
-{
-    std::string shown;
-    for (unsigned char c : name) {
-        if (c < 32) shown += '^', shown += static_cast<char>(c + 64);
-        else shown += static_cast<char>(c);
-    }
-    return shown;
-}
-
-}  // namespace
-
-std::vector<std::string> UnfitFileNames(const std::vector<std::string>& names, const std::string& folder)
-{
-    std::vector<std::string> unfit;
-    for (const std::string& name : names)
-        if (!FitsAsFileName(name, folder)) unfit.push_back(name);
-    return unfit;
-}
-
 std::string UnfitNamesMessage(const std::vector<std::string>& names)
 {
     std::string message = "~B~CRThese Fade Schemes cannot be e-mailed:~B~CN~N ~N";
-    for (const std::string& name : names) message += "\"" + Shown(name) + "\"~N";
+    for (const std::string& name : names) message += "\"" + ShownName(name) + "\"~N";
     return message +
            " ~NTheir names cannot be file names.  Please save them under other names in the Fade Designer and try "
            "again.";

@@ -76,11 +76,5 @@ std::string SchemeMailSubject(std::size_t count, const std::string& sender);
 std::string SchemeMailBody(const std::vector<MailedScheme>& schemes, const std::string& sender,
                            const std::string& version, bool showSample);
 
-// The names among `names` that cannot be the file `folder` + name + ".fde":
-// characters files cannot have, a trailing dot or blank, a device name (CON,
-// PRN, AUX, NUL, COM1-9, LPT1-9, with any extension), or a path over 259
-// characters. In the order given.
-std::vector<std::string> UnfitFileNames(const std::vector<std::string>& names, const std::string& folder);
-
 // The one message that names every scheme refused for its name.
 std::string UnfitNamesMessage(const std::vector<std::string>& names);

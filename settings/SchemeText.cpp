@@ -101,3 +101,43 @@ SchemeTexts ParseSchemeFile(const std::string& contents)
             if (std::string* field = SchemeField(s, v->name)) *field = v->value;
     return s;
 }
+
+namespace {
+
+bool IsDeviceName(const std::string& name)
+{
+    std::string base = name.substr(0, name.find('.'));
+    base.erase(base.find_last_not_of(' ') + 1);
+    std::transform(base.begin(), base.end(), base.begin(), [](unsigned char c) { return std::toupper(c); });
+    if (base == "CON" || base == "PRN" || base == "AUX" || base == "NUL") return true;
+    const bool numbered = base.size() == 4 && (base.compare(0, 3, "COM") == 0 || base.compare(0, 3, "LPT") == 0);
+    return numbered && base[3] >= '1' && base[3] <= '9';
+}
+
+}  // namespace
+
+std::string ShownName(const std::string& name)
+{
+    std::string shown;
+    for (unsigned char c : name) {
+        if (c < 32) shown += '^', shown += static_cast<char>(c + 64);
+        else shown += static_cast<char>(c);
+    }
+    return shown;
+}
+
+bool FitsAsFileName(const std::string& name, const std::string& folder)
+{
+    if (name.empty() || name.back() == '.' || name.back() == ' ') return false;
+    for (unsigned char c : name)
+        if (c < 32 || std::string("\\/:*?\"<>|").find(static_cast<char>(c)) != std::string::npos) return false;
+    return !IsDeviceName(name) && folder.size() + name.size() + 4 <= 259;
+}
+
+std::vector<std::string> UnfitFileNames(const std::vector<std::string>& names, const std::string& folder)
+{
+    std::vector<std::string> unfit;
+    for (const std::string& name : names)
+        if (!FitsAsFileName(name, folder)) unfit.push_back(name);
+    return unfit;
+}

@@ -98,3 +98,16 @@ SchemeTexts ParseSchemeFile(const std::string& contents);
 // The text a scheme keeps under one of its value names (any case), or null
 // for a name a scheme does not have.
 std::string* SchemeField(SchemeTexts& scheme, const std::string& valueName);
+
+// True when folder + name + ".fde" can be a file of that folder: no
+// character files cannot have, no trailing dot or blank, no device name (CON,
+// PRN, AUX, NUL, COM1-9, LPT1-9, with any extension), a path of at most 259
+// characters.
+bool FitsAsFileName(const std::string& name, const std::string& folder);
+
+// The names among `names` that do not fit as file names of `folder`, in the
+// order given.
+std::vector<std::string> UnfitFileNames(const std::vector<std::string>& names, const std::string& folder);
+
+// A scheme name as a message can show it: control characters as ^A, ^B...
+std::string ShownName(const std::string& name);

@@ -2,6 +2,7 @@
 // highlight, the sample line of a stored scheme, a scheme mail's subject and
 // body as AOL receives them, and the scheme names that cannot be files.
 #include "EMailText.h"
+#include "SchemeText.h"
 
 #include <gtest/gtest.h>
 
