@@ -107,11 +107,6 @@ void Kill(const std::string& path)
     if (!DeleteFileA(path.c_str())) RaiseLastError();
 }
 
-void TouchFile(const std::string& path)
-{
-    OpenOrRaise(path, GENERIC_WRITE, OPEN_ALWAYS);
-}
-
 void MkDir(const std::string& path)
 {
     if (!CreateDirectoryA(path.c_str(), nullptr)) RaiseLastError();

@@ -35,9 +35,5 @@ void FileCopy(const std::string& source, const std::string& target);
 // Deletes a file.
 void Kill(const std::string& path);
 
-// Opens the file for appending and closes it again: creates it empty when it
-// is missing and leaves it as it was otherwise.
-void TouchFile(const std::string& path);
-
 // Creates a folder.
 void MkDir(const std::string& path);

@@ -18,17 +18,18 @@ namespace {
 constexpr char kSchemeExtension[] = ".fde";
 constexpr char kSchemePattern[] = "*.fde";
 
-// Runs each step of an import either through a procedure's error trap or
-// with errors ignored; false stops the import (the trap's Abort).
-using StepRunner = std::function<bool(const std::function<void()>&)>;
-
-// Passes each line of the file to `line`, reading a piece at a time, so a
-// file of any size or content holds no more than a piece and a line.
-void ReadSchemeLines(const std::string& path, const std::function<void(const std::string&)>& line)
+KernelHandle OpenForReading(const std::string& path)
 {
     KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file.Valid()) RaiseLastError();
+    return file;
+}
+
+// Passes each line of the open file to `line`, reading a piece at a time, so
+// a file of any size or content holds no more than a piece and a line.
+void ReadSchemeLines(const KernelHandle& file, const std::function<void(const std::string&)>& line)
+{
     SchemeLineSplitter splitter;
     char piece[16384];
     DWORD read = 0;
@@ -36,20 +37,10 @@ void ReadSchemeLines(const std::string& path, const std::function<void(const std
     splitter.Finish(line);
 }
 
-// Imports one file into "Schemes\" + name, step by step: make sure the file
-// exists, then store its lines as they are read. Values the file does not
-// hold stay.
-void ImportSchemeFile(const std::string& path, const std::string& name, const StepRunner& run)
+void StoreSchemeLines(const KernelHandle& file, const std::string& name)
 {
-    if (!run([&] { TouchFile(path); })) return;
     const std::string section = SchemeSection(name);
-    run([&] { ReadSchemeLines(path, [&](const std::string& line) { ParseSchemeLine(Registry(), section, line); }); });
-}
-
-bool IgnoreErrors(const std::function<void()>& step)
-{
-    ErrorTrap::Ignoring(step);
-    return true;
+    ReadSchemeLines(file, [&](const std::string& line) { ParseSchemeLine(Registry(), section, line); });
 }
 
 }  // namespace
@@ -79,9 +70,11 @@ void WriteSchemeFile(const std::string& name, const std::string& folder)
 
 void UpdateFadeReg(const std::string& folder, const std::string& name)
 {
+    // Backups often sit on write-protected disks: the file is only read, and
+    // one that cannot be opened is the caller's to handle.
+    const KernelHandle file = OpenForReading(folder + name + kSchemeExtension);
     ErrorTrap trap("frmWizard", "UpdateFadeReg");
-    ImportSchemeFile(folder + name + kSchemeExtension, name,
-                     [&trap](const std::function<void()>& step) { return trap.Run(step); });
+    trap.Run([&] { StoreSchemeLines(file, name); });
 }
 
 void MoveSchemeFiles(const std::string& sourceFolder)
@@ -112,7 +105,7 @@ void UpdateFadeSchemes(const std::string& folder, const SchemeStatus& status)
         const std::string name = file.size() > extension.size() ? file.substr(0, file.size() - extension.size()) : "";
         // A file called just ".fde" names no scheme; importing it would write
         // into the "Schemes" key itself.
-        if (!name.empty()) ImportSchemeFile(folder + file, name, IgnoreErrors);
+        if (!name.empty()) ErrorTrap::Ignoring([&] { StoreSchemeLines(OpenForReading(folder + file), name); });
         ErrorTrap::Ignoring([&] { Kill(folder + file); });
     }
 }

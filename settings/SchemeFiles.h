@@ -19,8 +19,9 @@ void MakeSchemeFolders();
 // file of that name. Errors are ignored.
 void WriteSchemeFile(const std::string& name, const std::string& folder);
 
-// Imports folder + name + ".fde" into "Schemes\" + name and keeps the file.
-// Failures go to the common error report ("UpdateFadeReg" in "frmWizard").
+// Imports folder + name + ".fde" into "Schemes\" + name; the file is only
+// read. A file that cannot be opened raises RuntimeError; a failure while
+// storing goes to the common error report ("UpdateFadeReg" in "frmWizard").
 void UpdateFadeReg(const std::string& folder, const std::string& name);
 
 // Moves every "*.fde" file of `sourceFolder` into P + "\incoming\". A file

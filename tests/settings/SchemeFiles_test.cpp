@@ -138,18 +138,28 @@ TEST_F(SchemeFilesTest, ImportFollowsTheLineRules)
     EXPECT_EQ(over.at("Six"), "6");
 }
 
-TEST_F(SchemeFilesTest, ImportOfAMissingFileCreatesItAndAMissingFolderIsReported)
+TEST_F(SchemeFilesTest, ImportReadsOnlyAndLeavesAnUnopenableFileToItsCaller)
 {
-    UpdateFadeReg(work + "\\", "Nobody");
+    const auto numberOf = [&](const std::string& folder) {
+        try {
+            UpdateFadeReg(folder, "Nobody");
+        } catch (const RuntimeError& e) {
+            return e.number;
+        }
+        return 0;
+    };
+    EXPECT_EQ(numberOf(work + "\\"), Err::FileNotFound);
+    EXPECT_FALSE(FileExists(work + "\\Nobody.fde")) << "a backup is never written to";
+    EXPECT_EQ(numberOf(work + "\\missing\\"), Err::PathNotFound);
     EXPECT_TRUE(reports.empty());
-    EXPECT_TRUE(FileExists(work + "\\Nobody.fde"));
     EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Nobody"));
 
-    UpdateFadeReg(work + "\\missing\\", "Nobody");
-    ASSERT_FALSE(reports.empty());
-    EXPECT_EQ(reports[0].module, "frmWizard");
-    EXPECT_EQ(reports[0].procedure, "UpdateFadeReg");
-    EXPECT_EQ(reports[0].number, "76");
+    // A file that is read-only, as on a write-protected disk, imports all the same.
+    TestEnv::PutFile(work + "\\Locked.fde", "One=7\r\n");
+    SetFileAttributesA((work + "\\Locked.fde").c_str(), FILE_ATTRIBUTE_READONLY);
+    UpdateFadeReg(work + "\\", "Locked");
+    SetFileAttributesA((work + "\\Locked.fde").c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(ReadScheme(Registry(), "Locked").colors[0], "7");
 }
 
 TEST_F(SchemeFilesTest, AutomaticImportCollectsImportsAndDeletes)
