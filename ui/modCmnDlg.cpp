@@ -82,7 +82,9 @@ std::string OpenDialog(const std::string& description, const std::string& patter
         ofn.lpstrFilter = filter.c_str();
         ofn.lpstrFile = file;
         ofn.nMaxFile = sizeof file;
-        ofn.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+        // The current folder stays where it was: left on a diskette, it would
+        // hold that folder open and keep it from being removed.
+        ofn.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
         if (!GetOpenFileNameA(&ofn)) return;
         const std::string path(file);
         chosen = mode == 2 ? path.substr(0, ofn.nFileOffset) : path;

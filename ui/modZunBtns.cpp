@@ -185,7 +185,10 @@ void ProgressBar::SetValue(int percent)
 void ProgressBar::SetText(const std::string& status)
 {
     text_ = status;
-    if (hwnd_) InvalidateRect(hwnd_, nullptr, FALSE);
+    if (!hwnd_) return;
+    // Kept as the window's text too, where a screen reader or a test reads it.
+    SetWindowTextA(hwnd_, status.c_str());
+    InvalidateRect(hwnd_, nullptr, FALSE);
 }
 
 void ProgressBar::Paint(HDC dc) const
