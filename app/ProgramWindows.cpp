@@ -11,6 +11,7 @@
 #include "frmEMailFade.h"
 #include "frmMultiline.h"
 #include "frmVerCheck.h"
+#include "frmWizard.h"
 #include "frmoptions.h"
 #include "modAOLFunctions.h"
 #include "modWin32API.h"
@@ -57,9 +58,8 @@ bool OpenProgramWindow(const ProgramWindowRequest& request)
     case ProgramWindow::About:
         return ShowAbout({[] { return IsAOLOnline(false); },
                           [] { OpenProgramWindow({ProgramWindow::VersionCheck, ""}); }});
-    // Windows still to come; each is opened here once it is part of the program.
     case ProgramWindow::Wizard:
-        return false;
+        return ShowWizard();
     }
     return false;
 }

@@ -163,3 +163,52 @@
 #define IDC_UP_REPORT 1505  // lblReport
 #define IDC_UP_YES 1510
 #define IDC_UP_OK 1511
+
+// frmWizard (the Import/Export wizard): 1600-1699; its pages are child
+// dialogs of their own, so a page's controls are found inside the page.
+#define IDD_WIZARD 1600
+#define IDC_WZ_BACK 1601
+#define IDC_WZ_NEXT 1602
+#define IDC_WZ_FINISH 1603
+#define IDC_WZ_CANCEL 1604
+#define IDC_WZ_HELP 1605
+#define IDD_WZ_ONE 1610  // fraOne
+#define IDC_WZ_LABEL1 1611
+#define IDC_WZ_LABEL2 1612
+#define IDC_WZ_OPTIMPORT 1613
+#define IDC_WZ_LABEL4 1614
+#define IDC_WZ_OPTEXPORT 1615
+#define IDC_WZ_LABEL3 1616
+#define IDD_WZ_TWO 1620  // fraTwo
+#define IDC_WZ_LBLDRIVE 1621
+#define IDC_WZ_OPTONE 1622  // optOne to optSeven: 1622-1628
+#define IDC_WZ_LABEL5 1630
+#define IDC_WZ_LBLPATH 1631
+#define IDC_WZ_SUBFOLDER 1632
+#define IDC_WZ_LBLDRVFORMAT 1633
+#define IDD_WZ_IMPORT 1640  // fraImport
+#define IDC_WZ_LABEL12 1641
+#define IDC_WZ_LABEL13 1642
+#define IDC_WZ_LABEL14 1643
+#define IDC_WZ_LOCATEKEY 1644
+#define IDC_WZ_LABEL15 1645
+#define IDC_WZ_LBLIMPORT 1646
+#define IDD_WZ_THREE 1650  // fraThree
+#define IDC_WZ_LBLFROM 1651
+#define IDC_WZ_TXTFILES 1652
+#define IDC_WZ_LSTSCHEMES 1653
+#define IDD_WZ_FOUR 1660  // fraFour
+#define IDC_WZ_LBLACTION 1661
+#define IDC_WZ_LBLSAVE 1662
+#define IDC_WZ_LBLSAVETO 1663
+#define IDC_WZ_LABEL8 1664
+#define IDC_WZ_LBLDRVTYPE 1665
+#define IDC_WZ_LBLMSG 1666
+#define IDD_WZ_BACKUP 1670  // fraBackup
+#define IDC_WZ_FRAME 1671   // its "Overall Progress" frame
+#define IDC_WZ_PRGSTATUS 1672
+#define IDC_WZ_CANCELPROGRESS 1673
+#define IDD_WZ_FINISH 1680  // fraFinish
+#define IDC_WZ_LABEL9 1681
+#define IDC_WZ_LABEL10 1682
+#define IDC_WZ_LABEL11 1683

@@ -192,9 +192,4 @@ TEST_F(Dispatch, TheWatcherTicksOnItsOwnWindowAndEndsTheSessionWithAOL)
     EXPECT_FALSE(session.Running());
 }
 
-TEST(DispatchWithoutObserver, WindowsNotYetBuiltReportThatTheyDidNotOpen)
-{
-    EXPECT_FALSE(OpenProgramWindow({ProgramWindow::Wizard, ""}));
-}
-
 }  // namespace

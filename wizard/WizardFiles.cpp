@@ -1,0 +1,82 @@
+// The wizard's file statements on real disks. A drive whose root cannot be
+// found has no disk in it: that is error 71, whatever the system said about
+// the path, so the user is asked to insert one.
+#include "WizardFiles.h"
+
+#include <windows.h>
+
+#include "ErrorTrap.h"
+#include "KernelHandle.h"
+#include "SchemeFiles.h"
+#include "SchemeText.h"
+#include "Win32Error.h"
+#include "WizardText.h"
+#include "modFileOp.h"
+
+namespace {
+
+bool DriveRootExists(const std::string& path)
+{
+    if (path.size() < 3 || path[1] != ':') return true;  // not on a lettered drive: the path decides
+    return GetFileAttributesA(path.substr(0, 3).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+[[noreturn]] void RaiseFileError(const std::string& path, DWORD code)
+{
+    if (!DriveRootExists(path)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
+    RaiseWin32Error(code);
+}
+
+class DiskFiles : public WizardFiles {
+public:
+    void MakeFolder(const std::string& folder) override
+    {
+        if (!CreateDirectoryA(folder.c_str(), nullptr)) RaiseFileError(folder, GetLastError());
+    }
+
+    void WriteMarker(const std::string& path) override
+    {
+        KernelHandle file(
+            CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!file.Valid()) RaiseFileError(path, GetLastError());
+        const std::string text = kMarkerText;
+        DWORD written = 0;
+        if (!::WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
+            RaiseFileError(path, GetLastError());
+        // A short write without an error is a full disk all the same.
+        if (written != text.size()) RaiseWin32Error(ERROR_DISK_FULL);
+        // A medium that takes the bytes into its cache may refuse them here.
+        if (!FlushFileBuffers(file.Get())) RaiseFileError(path, GetLastError());
+    }
+
+    std::vector<std::string> Search(const std::string& folder) override
+    {
+        if (!DriveRootExists(folder)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
+        std::vector<std::string> schemes;
+        for (const std::string& file : FileNames(folder + "*.fde"))
+            if (IsSchemeFileName(file)) schemes.push_back(file);
+        return schemes;
+    }
+
+    void ImportOne(const std::string& folder, const std::string& name) override
+    {
+        if (!DriveRootExists(folder)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
+        UpdateFadeReg(folder, name);
+    }
+};
+
+WizardFiles*& Substitute()
+{
+    static WizardFiles* files = nullptr;
+    return files;
+}
+
+}  // namespace
+
+WizardFiles& TheWizardFiles()
+{
+    static DiskFiles disk;
+    return Substitute() ? *Substitute() : disk;
+}
+
+void SetWizardFiles(WizardFiles* files) { Substitute() = files; }
