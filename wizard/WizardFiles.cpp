@@ -21,6 +21,15 @@ bool DriveRootExists(const std::string& path)
     return GetFileAttributesA(path.substr(0, 3).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+// A folder that is there, the root of a drive too (an empty diskette's root
+// lists nothing, so a search cannot tell).
+bool FolderExists(std::string folder)
+{
+    if (folder.size() > 3 && folder.back() == '\\') folder.pop_back();
+    const DWORD attributes = GetFileAttributesA(folder.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
 [[noreturn]] void RaiseFileError(const std::string& path, DWORD code)
 {
     if (!DriveRootExists(path)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
@@ -31,6 +40,7 @@ class DiskFiles : public WizardFiles {
 public:
     void MakeFolder(const std::string& folder) override
     {
+        if (FolderExists(folder)) return;
         if (!CreateDirectoryA(folder.c_str(), nullptr)) RaiseFileError(folder, GetLastError());
     }
 

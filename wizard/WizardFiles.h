@@ -9,7 +9,7 @@
 class WizardFiles {
 public:
     virtual ~WizardFiles() = default;
-    // Creates the folder (a path ending in a backslash).
+    // Creates the folder (a path ending in a backslash) unless it is there.
     virtual void MakeFolder(const std::string& folder) = 0;
     // Writes the marker file at `path`, replacing any file of that name.
     virtual void WriteMarker(const std::string& path) = 0;

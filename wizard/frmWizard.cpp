@@ -11,7 +11,6 @@
 #include "SchemeText.h"
 #include "WizardFiles.h"
 #include "modCmnDlg.h"
-#include "modFileOp.h"
 #include "modMsgBox.h"
 #include "modRegKeys.h"
 #include "modWin32API.h"
@@ -405,9 +404,9 @@ void frmWizard::DoBackUp(const std::string& folder, const std::string& root)
     WizardFiles& files = TheWizardFiles();
     ErrorTrap trap("frmWizard", "DoBackUp");
 
-    if (!subFolder.empty() && !DirExists(root + subFolder) &&
-        !Step(trap, [&] { files.MakeFolder(root + subFolder); }))
-        return ResetBar();
+    // Making sure of the folder first also finds a drive without a disk
+    // before any scheme is lost on it.
+    if (!Step(trap, [&] { files.MakeFolder(root + subFolder); })) return ResetBar();
     // A name that cannot be a file of this folder is left out, so nothing is
     // written anywhere else; the user hears of all of them at the end.
     const std::vector<std::string> unfit = UnfitFileNames(names, folder);

@@ -8,6 +8,7 @@
 
 #include "Catalog.h"
 #include "OptionsLoad.h"
+#include "OwnColors.h"
 #include "ReloadControlPanel.h"
 #include "SceneReady.h"
 #include "frmAbout.h"
@@ -17,15 +18,6 @@
 #include "modWin32API.h"
 
 namespace {
-
-// The user's own colours of mode 2: green window, purple buttons.
-void UseOwnColors()
-{
-    WriteSetting(Setting::WindowColor, std::to_string(0x00D8F0D8));
-    WriteSetting(Setting::ButtonForecolor, std::to_string(0x00803060));
-    WriteSetting(Setting::ButtonHighlight, std::to_string(0x00FFA0E0));
-    WriteSetting(Setting::ButtonText, std::to_string(0x00FFFFFF));
-}
 
 void ShowOptionsIn(int mode)
 {

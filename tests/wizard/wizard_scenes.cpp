@@ -10,6 +10,7 @@
 #include "Catalog.h"
 #include "Options.h"
 #include "OptionsLoad.h"
+#include "OwnColors.h"
 #include "SceneReady.h"
 #include "frmWizard.h"
 #include "modRegKeys.h"
@@ -61,6 +62,7 @@ void GoTo(frmWizard& wizard, int page)
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     if (__argc < 3) return 2;
+    if (std::atoi(__argv[1]) == 2) UseOwnColors();
     LoadOptions();
     LoadUserColors();
     Options.UIMode = static_cast<std::int16_t>(std::atoi(__argv[1]));
