@@ -488,6 +488,53 @@ TEST_F(WizardTest, CancelKeepsWhatIsDoneWritesNoMarkerAndLetsTheUserGoOn)
     EXPECT_LT(imported.size(), 30u);
 }
 
+// The prefix's media as the Unix side sees them: a drive letter is a link
+// to a folder there, and a missing folder is a drive without a disk.
+std::string MediaFolder(const std::string& name)
+{
+    const char* prefix = std::getenv("WINEPREFIX");
+    return prefix ? std::string("Z:") + prefix + "/media/" + name : "";
+}
+
+TEST_F(WizardTest, ADriveWithoutADiskAsksForOneAndGoesOnOnceItIsIn)
+{
+    const std::string disk = MediaFolder("b");
+    ASSERT_FALSE(disk.empty());
+    RemoveDirectoryA(disk.c_str());
+    Answers answers;
+    answers.press = [&](const std::string&) {
+        CreateDirectoryA(disk.c_str(), nullptr);  // the user inserts a diskette, then presses OK
+        return 0;
+    };
+    ExportUpToConfirmation("( B:\\ ) Floppy Drive (recommended)");
+    EXPECT_TRUE(Copy());
+    EXPECT_EQ(answers.messages, std::vector<std::string>{FailureFor(71, ModeExport).message});
+    EXPECT_EQ(ReadFile("b:\\importfde.key"), kMarkerText);
+    EXPECT_EQ(TestEnv::FilesIn("b:\\").size(), SettingSubkeys(Section::Schemes).size() + 1);
+    TestEnv::RemoveFolder(disk);
+}
+
+TEST_F(WizardTest, AFullDiskIsToldAndTheExportEndsUnfinished)
+{
+    // The fixture links the marker and the scheme file of "Full" in e:\full to /dev/full.
+    ASSERT_TRUE(DirExists("e:\\full\\"));
+    TestEnv::DeleteSection(Section::Schemes);
+    AddScheme("Full", "255");
+    Answers answers;
+    answers.inputBoxAnswer = "full";
+    ExportUpToConfirmation("( E:\\ ) Removable Drive");
+    Press(IDC_WZ_BACK);
+    Press(IDC_WZ_BACK);
+    Press(IDC_WZ_SUBFOLDER);
+    PumpUntil([&] { return Text(IDC_WZ_LBLPATH) == "e:\\full\\"; }, 20000);
+    Press(IDC_WZ_NEXT);
+    Press(IDC_WZ_NEXT);
+    EXPECT_FALSE(Copy());
+    EXPECT_EQ(answers.messages, std::vector<std::string>{FailureFor(61, ModeExport).message});
+    EXPECT_FALSE(Shown(IDC_WZ_LABEL9));
+    EXPECT_EQ(TextOf(Control(IDC_WZ_PRGSTATUS)), "Export Canceled");
+}
+
 // Every row of the error table, in an export and in an import, planted in
 // the statement that reaches it.
 TEST_F(WizardTest, EachFileErrorIsAnsweredAsTheTableSays)
