@@ -1,0 +1,215 @@
+// Wine's WinHelp (winhlp32) opening the help files we build: the main
+// window's caption, every topic reached by its context name showing the text
+// our reader finds in the file, the Index listing every keyword and leading
+// to its topic, and a topic longer than one block of the file.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "TestProcess.h"
+
+namespace {
+
+const DWORD kPatience = 20000;  // only a hung winhlp32 takes this long
+const int kButtonBox = 1792, kIndexButton = 501, kIndexList = 337;
+
+std::string ReadWhole(const char* path)
+{
+    std::string text;
+    if (FILE* f = std::fopen(path, "rb")) {
+        char buffer[4096];
+        for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, f)) > 0;) text.append(buffer, n);
+        std::fclose(f);
+    }
+    return text;
+}
+
+std::vector<std::string> Split(const std::string& text, char separator)
+{
+    std::vector<std::string> parts(1);
+    for (char c : text) {
+        if (c == separator) parts.emplace_back();
+        else parts.back() += c;
+    }
+    return parts;
+}
+
+// What the reader of our tests found in a help file: each topic's text and,
+// last, the keywords in the file's order.
+struct FileTexts {
+    std::vector<std::string> topics;
+    std::vector<std::string> keywords;
+
+    explicit FileTexts(const char* path)
+    {
+        topics = Split(ReadWhole(path), '\f');
+        keywords = Split(topics.back(), '\n');
+        topics.pop_back();
+    }
+    // The text of the topic with this title (its first line).
+    std::string TopicTitled(const std::string& title) const
+    {
+        for (const std::string& t : topics)
+            if (t.compare(0, title.size() + 1, title + "\n") == 0) return t;
+        return "(no topic titled " + title + ")";
+    }
+};
+
+// The topics as the help source names them: context, title, keywords.
+struct SourceTopic {
+    std::string context, title;
+    std::vector<std::string> keywords;
+};
+
+std::vector<SourceTopic> ReadSource(const char* path)
+{
+    std::vector<SourceTopic> topics;
+    for (std::string line : Split(ReadWhole(path), '\n')) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (line.compare(0, 7, ".topic ") == 0) {
+            const size_t space = line.find(' ', 7);
+            topics.push_back({line.substr(7, space - 7), line.substr(space + 1), {}});
+        } else if (line.compare(0, 9, ".keyword ") == 0 && !topics.empty()) {
+            topics.back().keywords.push_back(line.substr(9));
+        }
+    }
+    return topics;
+}
+
+std::string WindowsPath(std::string path)
+{
+    for (char& c : path)
+        if (c == '/') c = '\\';
+    return path;
+}
+
+HWND FindDescendant(HWND parent, const char* className, int id)
+{
+    for (HWND w = FindWindowExA(parent, nullptr, nullptr, nullptr); w; w = FindWindowExA(parent, w, nullptr, nullptr)) {
+        char name[64] = "";
+        GetClassNameA(w, name, sizeof name);
+        if (lstrcmpiA(name, className) == 0 && GetDlgCtrlID(w) == id) return w;
+        if (HWND inner = FindDescendant(w, className, id)) return inner;
+    }
+    return nullptr;
+}
+
+// An item of another program's list box. Asked in ANSI, Wine hands over
+// the item's wide characters; so ask in Unicode and convert.
+std::string ListItem(HWND list, LRESULT index)
+{
+    std::wstring wide(static_cast<size_t>(SendMessageW(list, LB_GETTEXTLEN, index, 0)) + 1, L'\0');
+    wide.resize(static_cast<size_t>(SendMessageW(list, LB_GETTEXT, index, reinterpret_cast<LPARAM>(&wide[0]))));
+    std::string ansi(wide.size() * 2 + 1, '\0');
+    ansi.resize(static_cast<size_t>(WideCharToMultiByte(1252, 0, wide.c_str(), static_cast<int>(wide.size()),
+                                                        &ansi[0], static_cast<int>(ansi.size()), nullptr, nullptr)));
+    return ansi;
+}
+
+// One winhlp32 showing one help file; it ends with the object.
+class HelpViewer {
+public:
+    HelpViewer(const char* file, const std::string& context)
+        : process_("winhlp32.exe -i " + context + " " + WindowsPath(file))
+    {
+        main_ = WaitForProcessWindow("MS_WINHELP", process_.Id(), kPatience);
+        PumpUntil([&] { return main_ && (text_ = FindWindowExA(main_, nullptr, "RichEdit20A", nullptr)); },
+                  kPatience);
+    }
+    HWND Main() const { return main_; }
+    DWORD Id() const { return process_.Id(); }
+
+    // The topic text, one line per paragraph.
+    std::string Shown() const
+    {
+        std::string shown;
+        if (!text_) return shown;
+        for (char c : WindowText(text_)) {
+            if (c == '\r') c = '\n';
+            if (c == '\n' && !shown.empty() && shown.back() == '\n') continue;
+            shown += c;
+        }
+        while (!shown.empty() && shown.back() == '\n') shown.pop_back();
+        return shown;
+    }
+    // Waits until the topic shown is `expected`; returns what is shown then.
+    std::string WaitShown(const std::string& expected) const
+    {
+        PumpUntil([&] { return Shown() == expected; }, kPatience);
+        return Shown();
+    }
+
+private:
+    TestProcess process_;
+    HWND main_ = nullptr;
+    HWND text_ = nullptr;
+};
+
+TEST(Winhlp32, EveryTopicOpensByItsContextUnderTheProgramsCaption)
+{
+    const FileTexts texts(PRISMO_HELP_TEXTS);
+    const std::vector<SourceTopic> source = ReadSource(PRISMO_HELP_SOURCE);
+    ASSERT_EQ(source.size(), texts.topics.size());
+    for (const SourceTopic& topic : source) {
+        SCOPED_TRACE(topic.context);
+        HelpViewer viewer(PRISMO_HELP_FILE, topic.context);
+        ASSERT_TRUE(viewer.Main());
+        EXPECT_EQ(viewer.WaitShown(texts.TopicTitled(topic.title)), texts.TopicTitled(topic.title));
+        EXPECT_EQ(WindowText(viewer.Main()), "Prismo!");
+    }
+}
+
+TEST(Winhlp32, IndexListsEveryKeywordAndLeadsToTheWizard)
+{
+    const FileTexts texts(PRISMO_HELP_TEXTS);
+    const std::vector<SourceTopic> source = ReadSource(PRISMO_HELP_SOURCE);
+    HelpViewer viewer(PRISMO_HELP_FILE, source.front().context);
+    ASSERT_TRUE(viewer.Main());
+    viewer.WaitShown(texts.TopicTitled(source.front().title));
+
+    HWND index = GetDlgItem(GetDlgItem(viewer.Main(), kButtonBox), kIndexButton);
+    ASSERT_TRUE(index);
+    PostMessageA(index, BM_CLICK, 0, 0);
+    HWND sheet = nullptr, list = nullptr;
+    PumpUntil(
+        [&] {
+            sheet = WaitForProcessWindow("#32770", viewer.Id(), 0);
+            list = sheet ? FindDescendant(sheet, "ListBox", kIndexList) : nullptr;
+            return list && SendMessageA(list, LB_GETCOUNT, 0, 0) > 0;
+        },
+        kPatience);
+    ASSERT_TRUE(list);
+
+    std::vector<std::string> listed;
+    const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) listed.push_back(ListItem(list, i));
+    EXPECT_EQ(listed, texts.keywords);
+
+    std::string wizardTitle;
+    for (const SourceTopic& topic : source)
+        for (const std::string& keyword : topic.keywords)
+            if (keyword == "Import Settings") wizardTitle = topic.title;
+    const LRESULT at = SendMessageA(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                    reinterpret_cast<LPARAM>("Import Settings"));
+    ASSERT_NE(at, LB_ERR);
+    SendMessageA(list, LB_SETCURSEL, static_cast<WPARAM>(at), 0);
+    PostMessageA(GetDlgItem(sheet, IDOK), BM_CLICK, 0, 0);
+    const std::string wizard = texts.TopicTitled(wizardTitle);
+    EXPECT_EQ(viewer.WaitShown(wizard), wizard);
+}
+
+TEST(Winhlp32, TopicLongerThanABlockOpensWhole)
+{
+    const FileTexts texts(LONG_HELP_TEXTS);
+    HelpViewer viewer(LONG_HELP_FILE, "long_topic");
+    ASSERT_TRUE(viewer.Main());
+    const std::string expected = texts.TopicTitled("A topic longer than a block");
+    ASSERT_GT(expected.size(), 4096u);
+    EXPECT_EQ(viewer.WaitShown(expected), expected);
+}
+
+}  // namespace
