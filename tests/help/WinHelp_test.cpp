@@ -10,12 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "TestProcess.h"
+#include "HelpViewer.h"
 
 namespace {
-
-const DWORD kPatience = 20000;  // only a hung winhlp32 takes this long
-const int kButtonBox = 1792, kIndexButton = 501, kIndexList = 337;
 
 std::string ReadWhole(const char* path)
 {
@@ -80,75 +77,6 @@ std::vector<SourceTopic> ReadSource(const char* path)
     return topics;
 }
 
-std::string WindowsPath(std::string path)
-{
-    for (char& c : path)
-        if (c == '/') c = '\\';
-    return path;
-}
-
-HWND FindDescendant(HWND parent, const char* className, int id)
-{
-    for (HWND w = FindWindowExA(parent, nullptr, nullptr, nullptr); w; w = FindWindowExA(parent, w, nullptr, nullptr)) {
-        char name[64] = "";
-        GetClassNameA(w, name, sizeof name);
-        if (lstrcmpiA(name, className) == 0 && GetDlgCtrlID(w) == id) return w;
-        if (HWND inner = FindDescendant(w, className, id)) return inner;
-    }
-    return nullptr;
-}
-
-// An item of another program's list box. Asked in ANSI, Wine hands over
-// the item's wide characters; so ask in Unicode and convert.
-std::string ListItem(HWND list, LRESULT index)
-{
-    std::wstring wide(static_cast<size_t>(SendMessageW(list, LB_GETTEXTLEN, index, 0)) + 1, L'\0');
-    wide.resize(static_cast<size_t>(SendMessageW(list, LB_GETTEXT, index, reinterpret_cast<LPARAM>(&wide[0]))));
-    std::string ansi(wide.size() * 2 + 1, '\0');
-    ansi.resize(static_cast<size_t>(WideCharToMultiByte(1252, 0, wide.c_str(), static_cast<int>(wide.size()),
-                                                        &ansi[0], static_cast<int>(ansi.size()), nullptr, nullptr)));
-    return ansi;
-}
-
-// One winhlp32 showing one help file; it ends with the object.
-class HelpViewer {
-public:
-    HelpViewer(const char* file, const std::string& context)
-        : process_("winhlp32.exe -i " + context + " " + WindowsPath(file))
-    {
-        main_ = WaitForProcessWindow("MS_WINHELP", process_.Id(), kPatience);
-        PumpUntil([&] { return main_ && (text_ = FindWindowExA(main_, nullptr, "RichEdit20A", nullptr)); },
-                  kPatience);
-    }
-    HWND Main() const { return main_; }
-    DWORD Id() const { return process_.Id(); }
-
-    // The topic text, one line per paragraph.
-    std::string Shown() const
-    {
-        std::string shown;
-        if (!text_) return shown;
-        for (char c : WindowText(text_)) {
-            if (c == '\r') c = '\n';
-            if (c == '\n' && !shown.empty() && shown.back() == '\n') continue;
-            shown += c;
-        }
-        while (!shown.empty() && shown.back() == '\n') shown.pop_back();
-        return shown;
-    }
-    // Waits until the topic shown is `expected`; returns what is shown then.
-    std::string WaitShown(const std::string& expected) const
-    {
-        PumpUntil([&] { return Shown() == expected; }, kPatience);
-        return Shown();
-    }
-
-private:
-    TestProcess process_;
-    HWND main_ = nullptr;
-    HWND text_ = nullptr;
-};
-
 TEST(Winhlp32, EveryTopicOpensByItsContextUnderTheProgramsCaption)
 {
     const FileTexts texts(PRISMO_HELP_TEXTS);
@@ -171,17 +99,8 @@ TEST(Winhlp32, IndexListsEveryKeywordAndLeadsToTheWizard)
     ASSERT_TRUE(viewer.Main());
     viewer.WaitShown(texts.TopicTitled(source.front().title));
 
-    HWND index = GetDlgItem(GetDlgItem(viewer.Main(), kButtonBox), kIndexButton);
-    ASSERT_TRUE(index);
-    PostMessageA(index, BM_CLICK, 0, 0);
-    HWND sheet = nullptr, list = nullptr;
-    PumpUntil(
-        [&] {
-            sheet = WaitForProcessWindow("#32770", viewer.Id(), 0);
-            list = sheet ? FindDescendant(sheet, "ListBox", kIndexList) : nullptr;
-            return list && SendMessageA(list, LB_GETCOUNT, 0, 0) > 0;
-        },
-        kPatience);
+    HWND sheet = nullptr;
+    HWND list = viewer.OpenIndex(sheet);
     ASSERT_TRUE(list);
 
     std::vector<std::string> listed;

@@ -4,7 +4,6 @@ followed link by link, and the trees |CONTEXT, |KWBTREE (with |KWDATA and
 |KWMAP) and |TTLBTREE. It shares nothing with the compiler and refuses a file
 that breaks a rule those readers depend on (HelpFileError).
 
-    python3 read_hlp.py FILE              prints every topic
     python3 read_hlp.py --texts FILE OUT  writes what winhlp32 should show: each
         topic's text, then the Index's keywords, the parts split by form feeds
 """
@@ -53,24 +52,17 @@ def winhelp_hash(name):
     return value - (1 << 32) if value >= 1 << 31 else value
 
 
-def decompress(data, at, signed, long_form):
-    """One compressed number of a paragraph record; returns (value, next)."""
-    first = data[at]
-    if long_form:       # the WORD/DWORD kinds
-        if first & 1:
-            raw, size = u32(data, at), 4
-            return (raw >> 1) - (0x40000000 if signed else 0), at + size
-        raw = u16(data, at)
-        return (raw >> 1) - (0x4000 if signed else 0), at + 2
-    if first & 1:
-        raw = u16(data, at)
-        return (raw >> 1) - (0x4000 if signed else 0), at + 2
-    return (first >> 1) - (0x40 if signed else 0), at + 1
+def compressed(data, at, short):
+    """A compressed number of a paragraph record, unsigned; bit 0 of the first
+    byte picks the long form. Short numbers are a byte or a WORD, long ones a
+    WORD or a DWORD. Returns (value, next)."""
+    sizes = (1, 2) if short else (2, 4)
+    size = sizes[data[at] & 1]
+    return int.from_bytes(data[at:at + size], "little") >> 1, at + size
 
 
 class Paragraph:
-    def __init__(self, bits):
-        self.bits = bits
+    def __init__(self):
         self.runs = []      # (text, font, jump hash or None)
 
     @property
@@ -79,8 +71,7 @@ class Paragraph:
 
 
 class Topic:
-    def __init__(self, number, title, offset):
-        self.number = number
+    def __init__(self, title, offset):
         self.title = title
         self.offset = offset
         self.paragraphs = []
@@ -164,8 +155,10 @@ class HelpFile:
         for _ in range(levels - 1):
             n = u16(page(n), 4)
         entries, previous, seen = [], 0xFFFF, 0
+        self.leaves = []    # (page, number of its first entry), for |KWMAP
         while n != 0xFFFF:
             p = page(n)
+            self.leaves.append((n, len(entries)))
             need(u16(p, 4) == previous, "leaf %d: previous page %d" % (n, u16(p, 4)))
             at = 8
             for _ in range(u16(p, 2)):
@@ -271,7 +264,7 @@ class HelpFile:
             if rtype == 0x02:
                 number = u32(data1, 12)
                 need(number == len(self.topics), "topic numbers run 0, 1, 2...")
-                self.topics.append(Topic(number, data2.decode("cp1252"), (block << 15) + chars))
+                self.topics.append(Topic(data2.decode("cp1252"), (block << 15) + chars))
             else:
                 need(rtype == 0x20, "record type %x" % rtype)
                 need(self.topics, "the first record is not a topic header")
@@ -284,8 +277,8 @@ class HelpFile:
         self.topics.pop()
 
     def paragraph(self, data1, data2):
-        _, at = decompress(data1, 0, signed=True, long_form=True)      # TopicSize
-        length, at = decompress(data1, at, signed=False, long_form=False)
+        _, at = compressed(data1, 0, short=False)      # TopicSize
+        length, at = compressed(data1, at, short=True)
         need(length == len(data2), "TopicLength is not the text's size")
         at += 4
         bits = u16(data1, at)
@@ -293,10 +286,12 @@ class HelpFile:
         at += 2
         for bit in (0x0002, 0x0004, 0x0008, 0x0010, 0x0020, 0x0040):
             if bits & bit:
-                value, at = decompress(data1, at, signed=True, long_form=False)
-                need(value >= 0, "negative spacing or indent")
+                value, after = compressed(data1, at, short=True)
+                # Signed: biased by 64 in a byte, 16384 in a WORD.
+                need(value >= (0x40 if after - at == 1 else 0x4000), "negative spacing or indent")
+                at = after
         need(bits & 0x0301 == 0, "border, tabs or the unknown field")
-        para = Paragraph(bits)
+        para = Paragraph()
         strings = data2.split(b"\0")
         need(strings[-1] == b"", "text without its closing NUL")
         strings.pop()
@@ -340,6 +335,10 @@ class HelpFile:
         for word, count, at in self.tree_entries(self.file("|KWBTREE"), self.keyword_entry):
             need(at + 4 * count <= len(kwdata), "keyword %r points past |KWDATA" % word)
             found.append((word, [u32(kwdata, at + 4 * i) for i in range(count)]))
+        kwmap = self.file("|KWMAP")
+        need(u16(kwmap, 0) == len(self.leaves) and len(kwmap) == 2 + 6 * len(self.leaves), "|KWMAP size")
+        need([struct.unpack_from("<IH", kwmap, 2 + 6 * i)[::-1] for i in range(len(self.leaves))] == self.leaves,
+             "|KWMAP does not list the keyword pages")
         return found
 
     def topic_at(self, offset):
@@ -363,20 +362,12 @@ class HelpFile:
 
 
 def main(argv):
-    texts = argv[1] == "--texts"
-    with open(argv[2] if texts else argv[1], "rb") as f:
+    """--texts FILE OUT"""
+    with open(argv[2], "rb") as f:
         hlp = HelpFile(f.read())
-    if texts:
-        parts = [t.text for t in hlp.topics] + ["\n".join(w for w, _ in hlp.keywords)]
-        with open(argv[3], "wb") as f:
-            f.write("\f".join(parts).encode("cp1252"))
-        return
-    print("title %r, window main %r, contents %r" % (hlp.title, hlp.windows.get("main"),
-                                                     hlp.topic_at(hlp.contents).title))
-    for t in hlp.topics:
-        print("\n== %s (offset %x, blocks %s)" % (t.title, t.offset, sorted(t.blocks)))
-        print(t.text)
-    print("\nkeywords:", ", ".join(w for w, _ in hlp.keywords))
+    parts = [t.text for t in hlp.topics] + ["\n".join(w for w, _ in hlp.keywords)]
+    with open(argv[3], "wb") as f:
+        f.write("\f".join(parts).encode("cp1252"))
 
 
 if __name__ == "__main__":
