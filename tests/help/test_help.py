@@ -171,11 +171,11 @@ class BadSource(unittest.TestCase):
     def test_mistakes_stop_the_compiler_at_their_line(self):
         cases = {
             "duplicate context": (".topic a One\nText.\n\n.topic A Two\nText.\n", 4, "already used"),
-            "jump to nowhere": (".topic a One\nText.\n\nSee [this](missing).\n", 4, "missing"),
+            "jump to nowhere": (".topic a One\nText.\n\nSee\n[this](missing).\n", 5, "missing"),
             "keyword before a topic": ("# help\n.keyword Lost\n.topic a One\nText.\n", 2, "before any topic"),
             "keyword of two topics": (".topic a One\n.keyword Same\nText.\n.topic b Two\n.keyword SAME\nText.\n",
                                       5, "already leads"),
-            "character outside ANSI": (".topic a One\nArrows \u2192 are not ANSI.\n", 2, "U+2192"),
+            "character outside ANSI": (".topic a One\nArrows\nlike \u2192 are not ANSI.\n", 3, "U+2192"),
             "bad context name": (".topic a-b One\nText.\n", 1, "context name"),
         }
         for what, (text, line, message) in cases.items():
