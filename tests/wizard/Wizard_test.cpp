@@ -287,6 +287,10 @@ TEST_F(WizardTest, ShippedSchemesGoToTheFloppyAndComeBackIntoAFreshKey)
     for (const char* caption :
          {"( A:\\ ) Floppy Drive (recommended)", "( C:\\ ) Hard Disk (not recommended)", "( E:\\ ) Removable Drive"})
         EXPECT_NE(std::find(drives.begin(), drives.end(), caption), drives.end()) << caption;
+    // More drives than choices: the first seven in letter order, Z: left out.
+    ASSERT_EQ(drives.size(), 7u);
+    for (size_t i = 1; i < drives.size(); ++i) EXPECT_LT(drives[i - 1][2], drives[i][2]) << drives[i];
+    EXPECT_LT(drives.back()[2], 'Z');
     EXPECT_FALSE(Enabled(IDC_WZ_SUBFOLDER));
     Press(IDC_WZ_NEXT);  // no drive yet
     Press(IDC_WZ_BACK);
@@ -516,7 +520,7 @@ TEST_F(WizardTest, ADriveWithoutADiskAsksForOneAndGoesOnOnceItIsIn)
 
 TEST_F(WizardTest, AFullDiskIsToldAndTheExportEndsUnfinished)
 {
-    // The fixture links the marker and the scheme file of "Full" in e:\full to /dev/full.
+    // test-media.sh links the marker and the scheme file of "Full" in e:\full to /dev/full.
     ASSERT_TRUE(DirExists("e:\\full\\"));
     TestEnv::DeleteSection(Section::Schemes);
     AddScheme("Full", "255");
