@@ -89,11 +89,35 @@ prismo_stop_display() {
     fi
 }
 
+# The drives a backup can go to, as letters; every one is a removable drive
+# whose disk is the folder $WINEPREFIX/media/LETTER. A: is a floppy with a
+# disk in it, B: a floppy drive with none (its folder is missing: a test puts
+# a disk in by making the folder), E: a removable drive. C: and Z: are Wine's
+# own fixed disks.
+PRISMO_MEDIA_DRIVES=${PRISMO_MEDIA_DRIVES:-a b e}
+PRISMO_NO_DISK=${PRISMO_NO_DISK:-b}
+
+# Wine's mount manager takes the drive links and their kinds once, when the
+# first program of a wineserver session starts it; a letter linked later is
+# seen at once, but as a fixed disk (or as no drive while its folder is
+# missing). So the links go in before the session that writes the kinds, and
+# the programs of the next session see both.
+prismo_media() {
+    local l
+    for l in $PRISMO_MEDIA_DRIVES; do
+        case " $PRISMO_NO_DISK " in
+            *" $l "*) ;;
+            *) mkdir -p "$WINEPREFIX/media/$l" ;;
+        esac
+        ln -sfn "../media/$l" "$WINEPREFIX/dosdevices/$l:"
+    done
+}
+
 # prismo_wineprefix NAME: a fresh Wine prefix of the script's own,
 # $BUILD/prefix-NAME (without NAME, by hand: $BUILD/wineprefix, where ctest
 # looks). Every program runs inside one virtual desktop (hooks, FindWindow
 # and focus are per desktop); the programs that check the system are told
-# they run on Windows 98.
+# they run on Windows 98. Its removable drives are those of prismo_media.
 prismo_wineprefix() {
     local name=${1:+prefix-$1}
     export WINEPREFIX="$BUILD/${name:-wineprefix}"
@@ -109,7 +133,8 @@ prismo_wineprefix() {
     # fresh prefix does not pick them up from Wine's own folder by itself.
     cp /usr/share/wine/fonts/marlett.ttf /usr/share/wine/fonts/tahoma*.ttf \
         "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
-    local reg="$WINEPREFIX.reg"
+    prismo_media
+    local reg="$WINEPREFIX.reg" l
     {
         echo 'REGEDIT4'
         echo
@@ -123,6 +148,9 @@ prismo_wineprefix() {
             echo "[HKEY_CURRENT_USER\\Software\\Wine\\AppDefaults\\$exe]"
             echo '"Version"="win98"'
         done
+        echo
+        echo '[HKEY_LOCAL_MACHINE\Software\Wine\Drives]'
+        for l in $PRISMO_MEDIA_DRIVES; do echo "\"$l:\"=\"floppy\""; done
     } > "$reg"
     wine regedit /S "$(winepath -w "$reg")" >/dev/null 2>&1
     wineserver -w
