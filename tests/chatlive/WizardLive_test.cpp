@@ -210,7 +210,7 @@ TEST_F(WizardLiveTest, AOLClosingOrExitPrismoMidCopyEndsTheCopyAndTheProgramClea
         EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
         const std::vector<std::string> written = TestEnv::FilesIn(kExportFolder);
         EXPECT_LT(written.size(), 50u) << closeAOL;
-        EXPECT_EQ(std::find(written.begin(), written.end(), "importfde.key"), written.end()) << closeAOL;
+        EXPECT_EQ(std::count(written.begin(), written.end(), "importfde.key"), 0) << closeAOL << ": a marker";
         EXPECT_EQ(sim_.WaitExit(10000), closeAOL);
         if (!closeAOL) {
             EXPECT_FALSE(ProgramMenuShown());
