@@ -51,12 +51,17 @@ public:
         if (!file.Valid()) RaiseFileError(path, GetLastError());
         const std::string text = kMarkerText;
         DWORD written = 0;
+        DWORD failure = NO_ERROR;
         if (!::WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
-            RaiseFileError(path, GetLastError());
+            failure = GetLastError();
         // A short write without an error is a full disk all the same.
-        if (written != text.size()) RaiseWin32Error(ERROR_DISK_FULL);
-        // A medium that takes the bytes into its cache may refuse them here.
-        if (!FlushFileBuffers(file.Get())) RaiseFileError(path, GetLastError());
+        else if (written != text.size())
+            failure = ERROR_DISK_FULL;
+        if (failure == NO_ERROR) return;
+        // A marker cut short would pass for a finished backup.
+        file = KernelHandle();
+        DeleteFileA(path.c_str());
+        RaiseFileError(path, failure);
     }
 
     std::vector<std::string> Search(const std::string& folder) override
