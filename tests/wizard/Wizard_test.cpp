@@ -162,6 +162,47 @@ TEST_F(WizardTest, ShippedSchemesGoToTheFloppyAndComeBackIntoAFreshKey)
     }
 }
 
+TEST_F(WizardTest, EachPageSaysWhatItShouldAndTheAdviceFitsTheDrive)
+{
+    Answers answers;
+    Open();
+    const std::pair<int, const char*> welcome[] = {
+        {IDC_WZ_LABEL2, "This wizard will allow you to save either your Prismo Fade Schemes or restore already saved "
+                        "Fade Schemes to your exisiting version of Prismo!"},
+        {IDC_WZ_LABEL4, "This option will restore your saved Fade Schemes to your existing copy of Prismo from a "
+                        "diskette or zip drive (if available)."},
+        {IDC_WZ_OPTEXPORT, "Export existing Prismo schemes?"},
+        {IDC_WZ_LABEL3, "This option will backup your exisiting Fade Schemes to either a diskette or zip drive (if "
+                        "available)."},
+        {IDC_WZ_LABEL12, "Please select the location to Import your saved Fade Scheme settings from."},
+        {IDC_WZ_LOCATEKEY, "Locate IMPORTFDE.KEY"},
+        {IDC_WZ_LABEL5, "Exporting Fade Scheme settings to:"},
+        {IDC_WZ_SUBFOLDER, "Add Sub-folder"},
+        {IDC_WZ_LABEL8, "Drive Type:"},
+        {IDC_WZ_FRAME, "Overall Progress"},
+        {IDC_WZ_CANCELPROGRESS, "Cancel"},
+    };
+    for (const auto& [id, text] : welcome) EXPECT_EQ(Text(id), text) << id;
+    EXPECT_NE(Text(IDC_WZ_LABEL13).find("it includes a file entitled IMPORTFDE.KEY.  The Import Wizard"),
+              std::string::npos);
+    EXPECT_NE(Text(IDC_WZ_LABEL14).find("click the \"Locate IMPORTFDE.KEY\" button below."), std::string::npos);
+    for (const auto& [id, text] : std::vector<std::pair<int, const char*>>{
+             {IDC_WZ_BACK, "<- Back"}, {IDC_WZ_NEXT, "Next ->"}, {IDC_WZ_FINISH, "Finish"}, {IDC_WZ_CANCEL, "Cancel"}})
+        EXPECT_EQ(Text(id), text);
+    Wizard()->Unload();
+
+    for (const char* drive : {"a:\\", "c:\\", "e:\\"}) {
+        ExportUpToConfirmation(DriveCaption(std::string(1, static_cast<char>(drive[0] - 32)) + ":\\",
+                                            drive[0] == 'c' ? kDriveFixed : kDriveRemovable));
+        const std::string kind = Text(IDC_WZ_LBLDRVTYPE);
+        EXPECT_EQ(Text(IDC_WZ_LBLSAVETO), drive);
+        EXPECT_EQ(Text(IDC_WZ_LBLMSG), ExportAdvice(kind, drive)) << kind;
+        EXPECT_FALSE(Text(IDC_WZ_LBLMSG).empty()) << kind;
+        Wizard()->Unload();
+    }
+    EXPECT_TRUE(answers.messages.empty());
+}
+
 TEST_F(WizardTest, NoSchemesKeyAndAMarkerNeverLocatedAreTold)
 {
     TestEnv::DeleteSection(Section::Schemes);
@@ -354,6 +395,9 @@ TEST_F(WizardTest, EachFileErrorIsAnsweredAsTheTableSays)
         {ModeExport, "WriteMarker", 71, 0, true, 2, ""},
         {ModeExport, "WriteMarker", 13, 0, true, 1, "DoBackUp 13"},
         {ModeImport, "Search", 76, 0, true, 1, ""},
+        {ModeImport, "Search", 5, 0, true, 1, ""},
+        {ModeImport, "ImportOne", 53, 0, true, 3, ""},
+        {ModeImport, "ImportOne", 75, kAbort, false, 1, ""},
         {ModeImport, "ImportOne", 58, 0, true, 3, ""},
         {ModeImport, "ImportOne", 52, kRetry, true, 4, ""},
         {ModeImport, "Search", 57, kAbort, false, 1, ""},
