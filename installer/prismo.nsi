@@ -171,9 +171,9 @@ Function FinishedShow
   Pop $FinishedDialog
   StrCmp $FinishedDialog error 0 +2
     Abort
-  ${NSD_CreateLabel} 0 0 100% 40u "${PRODUCT} is installed in $INSTDIR."
+  ${NSD_CreateLabel} 0 0 100% 20u "${PRODUCT} is installed in $INSTDIR."
   Pop $0
-  ${NSD_CreateLabel} 0 44u 100% 60u \
+  ${NSD_CreateLabel} 0 24u 100% 60u \
     "To start it, choose Programs, then Prismo, then Prismo on the Start menu: it opens AOL as well when AOL is not running. Choose AOL Folder, on the same menu, tells Prismo where AOL is installed.$\r$\n$\r$\nPress Close to end Setup."
   Pop $0
   GetDlgItem $0 $HWNDPARENT 2
