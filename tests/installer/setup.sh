@@ -23,12 +23,15 @@ folder='C:\prismo-setup-test'
 dir=$(winepath -u "$folder")
 menu="$(winepath -u "$(wine cmd /c 'echo %APPDATA%' | tr -d '\r')")/Microsoft/Windows/Start Menu/Programs/Prismo"
 work=$(mktemp -d)
-installed=(prismo.exe prismosbc.dll prismo.hlp uninstall.exe)
+installed=(prismo.exe prismosbc.dll prismo.hlp uninstall.exe prismo.gid)
 shortcuts=(Prismo.lnk "Prismo Help.lnk" "Choose AOL Folder.lnk" Uninstall.lnk)
 
 failures=0
 fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
 ctl() { wine "$sim/aolsimctl.exe" "$@"; }
+# A run that fails half-way leaves no AOL or Prismo behind for the next test.
+aol="" prismo=""
+trap 'kill $aol $prismo 2>/dev/null; rm -rf "$work"' EXIT
 has_key() { wine reg query "$1" >/dev/null 2>&1; }
 value() { wine reg query "$1" /v "$2" 2>/dev/null | tr -d '\r' | sed -n "s/^ *$2 *REG_[A-Z_]* *//p"; }
 
@@ -127,6 +130,7 @@ echo "== refused while AOL holds the hook library"
 # Prismo vanishes; AOL keeps the library it loaded.
 wine taskkill /F /IM prismo.exe >/dev/null
 wait "$prismo"
+prismo=""
 grep -qi "prismo-setup-test/prismosbc.dll" "/proc/$aol/maps" ||
     fail "AOL does not hold the installed prismosbc.dll, so this part proves nothing"
 install
@@ -137,9 +141,12 @@ snapshot after
 diff -u "$work/before" "$work/after" || fail "a refused run while AOL holds the library changed something"
 ctl kill >/dev/null
 wait "$aol"
+aol=""
 
 echo "== the uninstall"
 echo "a scheme on its way out" >"$dir/outgoing/Mine.fde"
+# WinHelp's index of the help file, as it leaves one beside it.
+echo "an index" >"$dir/prismo.gid"
 wine "$dir/uninstall.exe" /S || fail "the uninstaller did not start"
 # It carries on as a copy of itself from the temporary folder; the uninstall
 # entry is the last thing it removes.
@@ -149,7 +156,7 @@ for f in "${installed[@]}" incoming; do [ -e "$dir/$f" ] && fail "the uninstall 
 [ -f "$dir/outgoing/Mine.fde" ] || fail "the uninstall removed the user's file in outgoing"
 [ -e "$menu" ] && fail "the uninstall left the Start-menu folder"
 [ "$(value "${program_key}\\Schemes\\Mine" "Fade Number")" = 2 ] || fail "a silent uninstall removed the settings"
-rm -rf "$dir" "$work"
+rm -rf "$dir"
 
 [ $failures = 0 ] && echo "setup: all passed"
 exit $((failures > 0))
