@@ -10,6 +10,18 @@ driver="$build/win64/tests/installer/setup_scene.exe"
 need "$driver" "$prismo" "$live_scene"
 [ -f "$setup" ] || { echo "installer.sh: $setup is not built"; exit 1; }
 uninstaller='C:\Program Files\Prismo\uninstall.exe'
+key='HKEY_CURRENT_USER\Software\Zun Software\Prismo'
+
+# The scenes after this one find the program's settings as they were.
+saved="$PRISMO_SHOTS/.installer-settings.reg"
+rm -f "$saved"
+wine regedit /E "$(winepath -w "$saved")" "$key" >/dev/null 2>&1 || true
+restore_settings() {
+    wine regedit /D "$key" >/dev/null 2>&1 || true
+    [ -f "$saved" ] && wine regedit /S "$(winepath -w "$saved")" >/dev/null 2>&1
+    rm -f "$saved"
+    wineserver -w
+}
 
 # page CAPTION SHOT TEXT BUTTON: once the window whose caption holds CAPTION
 # shows TEXT, saves the display as SHOT.png and presses BUTTON (1 Next,
@@ -55,3 +67,4 @@ run "$uninstaller"
 uninstall_page uninstall-confirm "This will remove" 1
 uninstall_page uninstall-settings "Remove your Prismo settings" 7
 uninstall_page uninstall-done "Completed" 1
+restore_settings
