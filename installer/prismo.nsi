@@ -27,7 +27,7 @@ Target ${PRISMO_TARGET}
 SetCompressor /SOLID lzma
 
 !include nsDialogs.nsh
-; makensis works in the folder of this script, beside data/.
+; makensis runs in this script's folder: the shipped schemes are in ../data/schemes.
 !addincludedir "../data/schemes"
 
 !define PRODUCT "Prismo"
