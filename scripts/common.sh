@@ -8,7 +8,7 @@ BUILD=${PRISMO_BUILD:-$PRISMO_ROOT/build}
 
 PRISMO_PACKAGES="cmake ninja-build clang clang-14 libclang-rt-14-dev googletest libbenchmark-dev
   g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-win32 binutils-mingw-w64 mingw-w64-tools
-  wine wine64 fonts-wine xvfb x11-utils imagemagick python3"
+  wine wine64 fonts-wine xvfb x11-utils imagemagick python3 nsis"
 
 prismo_install_deps() {
     local missing=""
