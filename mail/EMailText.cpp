@@ -119,9 +119,5 @@ std::string SchemeMailBody(const std::vector<MailedScheme>& schemes, const std::
 
 std::string UnfitNamesMessage(const std::vector<std::string>& names)
 {
-    std::string message = "~B~CRThese Fade Schemes cannot be e-mailed:~B~CN~N ~N";
-    for (const std::string& name : names) message += "\"" + ShownName(name) + "\"~N";
-    return message +
-           " ~NTheir names cannot be file names.  Please save them under other names in the Fade Designer and try "
-           "again.";
+    return UnfitNamesMessage("These Fade Schemes cannot be e-mailed:", names, "try again.");
 }

@@ -114,8 +114,7 @@ bool IsDeviceName(const std::string& name)
     return numbered && base[3] >= '1' && base[3] <= '9';
 }
 
-}  // namespace
-
+// A scheme name as a message can show it: control characters as ^A, ^B...
 std::string ShownName(const std::string& name)
 {
     std::string shown;
@@ -125,6 +124,8 @@ std::string ShownName(const std::string& name)
     }
     return shown;
 }
+
+}  // namespace
 
 bool FitsAsFileName(const std::string& name, const std::string& folder)
 {
@@ -140,4 +141,13 @@ std::vector<std::string> UnfitFileNames(const std::vector<std::string>& names, c
     for (const std::string& name : names)
         if (!FitsAsFileName(name, folder)) unfit.push_back(name);
     return unfit;
+}
+
+std::string UnfitNamesMessage(const std::string& headline, const std::vector<std::string>& names,
+                              const std::string& retry)
+{
+    std::string message = "~B~CR" + headline + "~B~CN~N ~N";
+    for (const std::string& name : names) message += "\"" + ShownName(name) + "\"~N";
+    return message + " ~NTheir names cannot be file names.  Please save them under other names in the Fade Designer and " +
+           retry;
 }

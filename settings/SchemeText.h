@@ -109,5 +109,7 @@ bool FitsAsFileName(const std::string& name, const std::string& folder);
 // order given.
 std::vector<std::string> UnfitFileNames(const std::vector<std::string>& names, const std::string& folder);
 
-// A scheme name as a message can show it: control characters as ^A, ^B...
-std::string ShownName(const std::string& name);
+// The one message naming every scheme left out for its name: `headline`,
+// the names one a line, then why and what to do, ending in `retry`.
+std::string UnfitNamesMessage(const std::string& headline, const std::vector<std::string>& names,
+                              const std::string& retry);

@@ -146,9 +146,5 @@ WizardFailure FailureFor(int number, int mode)
 
 std::string UnexportedNamesMessage(const std::vector<std::string>& names)
 {
-    std::string message = "~B~CRThese Fade Schemes were not exported:~B~CN~N ~N";
-    for (const std::string& name : names) message += "\"" + ShownName(name) + "\"~N";
-    return message +
-           " ~NTheir names cannot be file names.  Please save them under other names in the Fade Designer and "
-           "export them again.";
+    return UnfitNamesMessage("These Fade Schemes were not exported:", names, "export them again.");
 }
