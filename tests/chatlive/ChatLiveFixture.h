@@ -128,6 +128,18 @@ protected:
         PumpUntil([&] { return !IsWindow(box) || !IsWindowVisible(box); }, 5000);
         return text;
     }
+    // Waits until the program shows a message box or ends; the box, or null.
+    HWND MessageOrEnd(DWORD ms = 30000)
+    {
+        HWND box = nullptr;
+        PumpUntil(
+            [&] {
+                box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA);
+                return box || prismo_.Wait(0) != -1;
+            },
+            ms);
+        return box;
+    }
     // What AOL's clipboard holds in `format` ("aolmail", "text"); "(none)" when nothing.
     std::string Clipboard(const std::string& format)
     {

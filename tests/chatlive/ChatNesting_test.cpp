@@ -56,13 +56,7 @@ TEST_F(ChatNestingTest, ClosingAOLOrExitingDuringAnAdvertisementEndsPrismoWithou
             sim_.Ctl("quit");
         else
             PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);  // Prism&o, Exit Prismo
-        HWND box = nullptr;
-        PumpUntil(
-            [&] {
-                box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA);
-                return box || prismo_.Wait(0) != -1;
-            },
-            30000);
+        const HWND box = MessageOrEnd();
         EXPECT_EQ(box, nullptr) << closeAOL << ": a message box came: " << WindowText(box);
         EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
         EXPECT_EQ(sim_.WaitExit(10000), closeAOL);

@@ -199,13 +199,7 @@ TEST_F(WizardLiveTest, AOLClosingOrExitPrismoMidCopyEndsTheCopyAndTheProgramClea
             sim_.Ctl("quit");
         else
             PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);
-        HWND box = nullptr;
-        PumpUntil(
-            [&] {
-                box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA);
-                return box || prismo_.Wait(0) != -1;
-            },
-            30000);
+        const HWND box = MessageOrEnd();
         EXPECT_EQ(box, nullptr) << closeAOL << ": " << WindowText(GetDlgItem(box, IDC_MSG_AREA));
         EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
         const std::vector<std::string> written = TestEnv::FilesIn(kExportFolder);
