@@ -44,6 +44,10 @@ SetCompressor /SOLID lzma
 Name "${PRODUCT}"
 Caption "${PRODUCT} ${PRISMO_VERSION} Setup"
 UninstallCaption "${PRODUCT} Uninstall"
+# A diskette's installer is called setup.exe, as Windows 95 and 98 users
+# expect; the compatibility shims makensis warns of for that name belong to
+# later Windows.
+!pragma warning disable 9000
 OutFile "${PRISMO_OUTFILE}"
 InstallDir "$PROGRAMFILES\Prismo"
 InstallDirRegKey HKLM "${UNINSTALL_KEY}" "InstallLocation"
