@@ -6,12 +6,15 @@
 //   live_scene wait-verCheck            the upgrade check's wait window is up
 //   live_scene wait-update              the upgrade check's answer is up and drawn
 //   live_scene ok                       OK (or No) pressed on the answer, the check over
+//   live_scene help-request             Help Contents from AOL's menu reached a help window of
+//                                       ours; prints the help file and the keyword asked for
 #include <windows.h>
 
 #include <cstdio>
 #include <string>
 
 #include "ChatLive.h"
+#include "HelpStandIn.h"
 #include "resource.h"
 
 using namespace ChatLive;
@@ -67,6 +70,17 @@ bool MailSchemes(DWORD pid, int count, char** names)
     return PressAndWait(pid, dialog, IDC_EM_EMAIL);
 }
 
+// Prismo's Help Contents, asked for from AOL's menu, as a help window of ours receives it.
+bool HelpRequest()
+{
+    StandInHelp help;
+    PostMessageA(FindWindowA("AOL Frame25", nullptr), WM_COMMAND, 62000, 0);
+    if (!PumpUntil([&] { return !help.Requests().empty(); }, 30000)) return false;
+    const ChatLive::HelpRequest& request = help.Requests().front();
+    std::printf("%s\t%s\t%d\n", request.File().c_str(), request.Keyword().c_str(), request.Header().command);
+    return true;
+}
+
 bool Run(const std::string& what, int argc, char** argv)
 {
     if (what == "wait-prismo") return PrismoReady(argc > 2 && std::string(argv[2]) == "room");
@@ -85,6 +99,7 @@ bool Run(const std::string& what, int argc, char** argv)
         if (window) Drawn(window);
         return window != nullptr;
     }
+    if (what == "help-request") return HelpRequest();
     if (what == "ok") {
         HWND window = WindowWithChild(pid, IDC_UP_OK);
         if (!window) return false;

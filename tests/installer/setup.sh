@@ -115,6 +115,9 @@ ctl wait 60 || fail "the AOL simulator never came up"
 wine "$folder\\prismo.exe" &
 prismo=$!
 wine "$live_scene" wait-prismo || fail "the installed Prismo never put its menu into AOL"
+asked=$(wine "$live_scene" help-request | tr -d '\r')
+[ "${asked,,}" = "${folder,,}\\prismo.hlp	table of contents	261" ] ||
+    fail "the installed Prismo's Help asked for \"$asked\", not its own prismo.hlp at its contents"
 
 echo "== refused while Prismo runs"
 snapshot before
