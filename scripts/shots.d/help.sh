@@ -9,3 +9,5 @@ need "$scenes"
 
 run_scene "$scenes" help-contents contents
 run_scene "$scenes" help-index index
+# Ending a scene leaves its winhlp32 behind; the scenes after need it gone.
+run "$scenes" end

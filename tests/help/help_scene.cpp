@@ -1,6 +1,7 @@
 // Puts Prismo's help on screen for scripts/shots: winhlp32 at the contents
 // topic ("contents") or with its Index open ("index"). Marks the scene ready
-// once winhlp32 shows it, then stays until it is ended.
+// once winhlp32 shows it, then stays until it is ended; "end" ends the
+// winhlp32 the last scene left.
 #include <windows.h>
 
 #include <cstdlib>
@@ -35,6 +36,7 @@ void MarkReady()
 
 int main(int argc, char** argv)
 {
+    if (argc == 2 && std::strcmp(argv[1], "end") == 0) return EndOtherViewers(), 0;
     if (argc != 2 || !std::getenv("PRISMO_SCENE_READY")) return 2;
     const bool index = std::strcmp(argv[1], "index") == 0;
     EndOtherViewers();
