@@ -203,29 +203,13 @@ TEST_F(WizardTest, EachPageSaysWhatItShouldAndTheAdviceFitsTheDrive)
     EXPECT_TRUE(answers.messages.empty());
 }
 
-TEST_F(WizardTest, NoSchemesKeyAndAMarkerNeverLocatedAreTold)
+TEST_F(WizardTest, NoSchemesKeyIsToldAndLeavesTheListEmpty)
 {
     TestEnv::DeleteSection(Section::Schemes);
     Answers answers;
     ExportUpToConfirmation("( C:\\ ) Hard Disk (not recommended)");
     EXPECT_TRUE(Listed().empty());
     EXPECT_EQ(answers.messages, std::vector<std::string>{WizardText::NoSchemesKey});
-    EXPECT_EQ(Text(IDC_WZ_LBLMSG), ExportAdvice("Hard Disk", "c:\\"));
-    Wizard()->Unload();
-
-    // Scheme files without a marker: the dialog finds nothing to choose, so Next insists.
-    TestEnv::PutFile("c:\\wizard\\Lone.fde", "One=1\r\n");
-    answers.messages.clear();
-    Open();
-    Press(IDC_WZ_OPTIMPORT);
-    Press(IDC_WZ_NEXT);
-    answers.openFile = "";
-    Press(IDC_WZ_LOCATEKEY);
-    Press(IDC_WZ_NEXT);
-    EXPECT_TRUE(PumpUntil([&] { return answers.messages.size() == 1; }, 20000));
-    EXPECT_EQ(answers.messages, std::vector<std::string>{WizardText::LocateKey});
-    EXPECT_TRUE(Shown(IDC_WZ_LOCATEKEY));
-    EXPECT_FALSE(TestEnv::SectionExists("Schemes\\Lone"));
 }
 
 TEST_F(WizardTest, HostileFilesImportAsTheirLinesSayAndTheMediumIsOnlyRead)
