@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "HelpViewer.h"
+#include "SceneReady.h"
 
 namespace {
 
@@ -15,21 +16,6 @@ namespace {
 void EndOtherViewers()
 {
     while (HWND old = FindWindowA("MS_WINHELP", nullptr)) KillWindowProcess(old);
-}
-
-// True while the window or one of its children still waits to be painted.
-bool WaitsForPaint(HWND window)
-{
-    if (GetUpdateRect(window, nullptr, FALSE)) return true;
-    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (WaitsForPaint(child)) return true;
-    return false;
-}
-
-void MarkReady()
-{
-    HANDLE file = CreateFileA(std::getenv("PRISMO_SCENE_READY"), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
 }
 
 }  // namespace
@@ -45,8 +31,9 @@ int main(int argc, char** argv)
     HWND sheet = nullptr;
     if (index && !viewer.OpenIndex(sheet)) return 1;
     // Let winhlp32 finish painting what it has just filled in.
-    PumpUntil([&] { return !WaitsForPaint(viewer.Main()) && !(sheet && WaitsForPaint(sheet)); }, kPatience);
-    MarkReady();
+    PumpUntil([&] { return !SceneReady::WaitsForPaint(viewer.Main()) && !(sheet && SceneReady::WaitsForPaint(sheet)); },
+              kPatience);
+    SceneReady::Mark();
     PumpUntil([] { return false; }, INFINITE);
     return 0;
 }

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "TestProcess.h"
+#include "SceneReady.h"
 
 namespace {
 
@@ -53,21 +54,6 @@ HWND Showing(const char* caption, const char* text)
     return search.found;
 }
 
-// True while the window or one of its children still waits to be painted.
-bool WaitsForPaint(HWND window)
-{
-    if (GetUpdateRect(window, nullptr, FALSE)) return true;
-    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (WaitsForPaint(child)) return true;
-    return false;
-}
-
-void MarkReady()
-{
-    HANDLE file = CreateFileA(std::getenv("PRISMO_SCENE_READY"), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
-}
-
 bool Show(const char* caption, const char* text)
 {
     HWND window = nullptr;
@@ -75,8 +61,8 @@ bool Show(const char* caption, const char* text)
     // The window answers once it has handled everything before, paints included.
     DWORD_PTR unused = 0;
     SendMessageTimeoutA(window, WM_NULL, 0, 0, SMTO_NORMAL, 5000, &unused);
-    PumpUntil([&] { return !WaitsForPaint(window); }, kPatience);
-    MarkReady();
+    PumpUntil([&] { return !SceneReady::WaitsForPaint(window); }, kPatience);
+    SceneReady::Mark();
     PumpUntil([] { return false; }, INFINITE);
     return true;
 }

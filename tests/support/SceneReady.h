@@ -19,14 +19,30 @@ inline BOOL CALLBACK FindVisible(HWND window, LPARAM found)
     return FALSE;
 }
 
+// Tells the screenshot script that the scene is on screen now.
+inline void Mark()
+{
+    HANDLE file = CreateFileA(std::getenv("PRISMO_SCENE_READY"), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+}
+
+// True while the window or one of its children still waits to be painted
+// (for a scene whose windows belong to another program).
+inline bool WaitsForPaint(HWND window)
+{
+    if (GetUpdateRect(window, nullptr, FALSE)) return true;
+    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (WaitsForPaint(child)) return true;
+    return false;
+}
+
 inline void CALLBACK Tick(HWND, UINT, UINT_PTR id, DWORD)
 {
     bool shown = false;
     EnumWindows(FindVisible, reinterpret_cast<LPARAM>(&shown));
     if (!shown) return;
     KillTimer(nullptr, id);
-    HANDLE file = CreateFileA(std::getenv("PRISMO_SCENE_READY"), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    Mark();
 }
 
 // Call before showing the scene; it marks itself from the scene's own loop.
