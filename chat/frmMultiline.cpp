@@ -27,16 +27,6 @@ namespace {
 
 const char* const kOldProcProp = "PrismoOldProc";
 
-std::string WindowText(HWND window)
-{
-    const int length = GetWindowTextLengthA(window);
-    if (length <= 0) return "";
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    const int got = GetWindowTextA(window, &text[0], length + 1);
-    text.resize(got > 0 ? static_cast<size_t>(got) : 0);
-    return text;
-}
-
 // txtChat: Enter sends (once the key has been handled) instead of starting a new line.
 LRESULT CALLBACK TxtChatProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
@@ -178,7 +168,7 @@ void frmMultiline::cmdInsert_Click()
 
 void frmMultiline::TakeFullLine(const std::string& line)
 {
-    const std::string before = WindowText(txtChat);
+    const std::string before = WindowTextOf(txtChat);
     const std::string after = AddFullLine(before, line);
     if (after != before) SetWindowTextA(txtChat, after.c_str());
     const WPARAM end = after.size();
@@ -221,7 +211,7 @@ void frmMultiline::SendMultiline()
     std::string text;
     long width = 0;
     ErrorTrap::Ignoring([&] {
-        text = WindowText(txtChat);
+        text = WindowTextOf(txtChat);
         SetWindowTextA(txtHidden, text.c_str());
         width = HiddenWidth();
     });

@@ -100,16 +100,9 @@ void frmEMailFade::GetSchemes()
 std::vector<std::string> frmEMailFade::SelectedNames() const
 {
     std::vector<std::string> names;
-    const LRESULT count = SendMessageA(lstSchemes, LB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-        if (SendMessageA(lstSchemes, LB_GETSEL, static_cast<WPARAM>(i), 0) <= 0) continue;
-        const LRESULT length = SendMessageA(lstSchemes, LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
-        if (length < 0) continue;
-        std::string name(static_cast<size_t>(length) + 1, '\0');
-        SendMessageA(lstSchemes, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&name[0]));
-        name.resize(static_cast<size_t>(length));
-        names.push_back(name);
-    }
+    const int count = static_cast<int>(SendMessageA(lstSchemes, LB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i)
+        if (SendMessageA(lstSchemes, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0) names.push_back(ListBoxText(lstSchemes, i));
     return names;
 }
 

@@ -356,3 +356,23 @@ void RegisterWindowClass(const char* name, WNDPROC proc, LPCSTR cursor)
     wc.lpszClassName = name;
     RegisterClassA(&wc);
 }
+
+std::string WindowTextOf(HWND window)
+{
+    const int length = GetWindowTextLengthA(window);
+    if (length <= 0) return "";
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    const int got = GetWindowTextA(window, &text[0], length + 1);
+    text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return text;
+}
+
+std::string ListBoxText(HWND list, int index)
+{
+    const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
+    if (length <= 0) return "";
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&text[0]));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}

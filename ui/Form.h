@@ -124,3 +124,8 @@ void InitForm(Form& form);
 
 // Registers a window class of the program once; later calls do nothing.
 void RegisterWindowClass(const char* name, WNDPROC proc, LPCSTR cursor);
+
+// A window's text: a form's caption or a control's contents.
+std::string WindowTextOf(HWND window);
+// The entry at `index` of a list box; "" when there is none.
+std::string ListBoxText(HWND list, int index);

@@ -45,13 +45,6 @@ char UserDecimalPoint()
                                                                                                    : '.';
 }
 
-std::string WindowTextOf(HWND window)
-{
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextA(window, &text[0], static_cast<int>(text.size()))));
-    return text;
-}
-
 frmoptions*& Instance()
 {
     static frmoptions* instance = nullptr;

@@ -157,13 +157,7 @@ HWND frmWizard::Control(int id) const
     return Item(id);
 }
 
-std::string frmWizard::Text(int id) const
-{
-    HWND control = Control(id);
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextA(control, &text[0], static_cast<int>(text.size()))));
-    return text;
-}
+std::string frmWizard::Text(int id) const { return WindowTextOf(Control(id)); }
 
 void frmWizard::SetText(int id, const std::string& text) { SetWindowTextA(Control(id), text.c_str()); }
 
@@ -344,14 +338,8 @@ std::vector<std::string> frmWizard::ListedSchemes() const
 {
     HWND list = Control(IDC_WZ_LSTSCHEMES);
     std::vector<std::string> names;
-    const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-        const LRESULT length = SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(i), 0);
-        std::string name(static_cast<std::size_t>(length < 0 ? 0 : length) + 1, '\0');
-        SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&name[0]));
-        name.resize(static_cast<std::size_t>(length < 0 ? 0 : length));
-        names.push_back(name);
-    }
+    const int count = static_cast<int>(SendMessageA(list, LB_GETCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) names.push_back(ListBoxText(list, i));
     return names;
 }
 
