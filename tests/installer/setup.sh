@@ -69,6 +69,16 @@ snapshot() {
 }
 
 install() { wine "$setup" /S "/D=$folder"; }
+# refused STATUS WHILE: an install and an uninstall (run in place, _?=, for
+# its own status rather than its copy's) both end with STATUS, changing nothing.
+refused() {
+    install
+    [ $? = "$1" ] || fail "an install while $2 was not refused with status $1"
+    wine "$dir/uninstall.exe" /S "_?=$folder"
+    [ $? = "$1" ] || fail "an uninstall while $2 was not refused with status $1"
+    snapshot after
+    diff -u "$work/before" "$work/after" || fail "a refused run while $2 changed something"
+}
 files_in_place() {
     local f
     for f in prismo.exe prismosbc.dll prismo.hlp; do
@@ -121,13 +131,7 @@ asked=$(wine "$live_scene" help-request | tr -d '\r')
 
 echo "== refused while Prismo runs"
 snapshot before
-install
-[ $? = 3 ] || fail "an install while Prismo runs was not refused with status 3"
-# Run in place (_?=): the uninstaller's own status, not its copy's.
-wine "$dir/uninstall.exe" /S "_?=$folder"
-[ $? = 3 ] || fail "an uninstall while Prismo runs was not refused with status 3"
-snapshot after
-diff -u "$work/before" "$work/after" || fail "a refused run while Prismo runs changed something"
+refused 3 "Prismo runs"
 
 echo "== refused while AOL holds the hook library"
 # Prismo vanishes; AOL keeps the library it loaded.
@@ -136,12 +140,7 @@ wait "$prismo"
 prismo=""
 grep -qi "prismo-setup-test/prismosbc.dll" "/proc/$aol/maps" ||
     fail "AOL does not hold the installed prismosbc.dll, so this part proves nothing"
-install
-[ $? = 4 ] || fail "an install while AOL holds the hook library was not refused with status 4"
-wine "$dir/uninstall.exe" /S "_?=$folder"
-[ $? = 4 ] || fail "an uninstall while AOL holds the hook library was not refused with status 4"
-snapshot after
-diff -u "$work/before" "$work/after" || fail "a refused run while AOL holds the library changed something"
+refused 4 "AOL holds the hook library"
 ctl kill >/dev/null
 wait "$aol"
 aol=""
@@ -151,9 +150,9 @@ echo "a scheme on its way out" >"$dir/outgoing/Mine.fde"
 # WinHelp's index of the help file, as it leaves one beside it.
 echo "an index" >"$dir/prismo.gid"
 wine "$dir/uninstall.exe" /S || fail "the uninstaller did not start"
-# It carries on as a copy of itself from the temporary folder; the uninstall
-# entry is the last thing it removes.
-for _ in $(seq 600); do has_key "$uninstall_key" || break; sleep 0.2; done
+# It carries on as a copy of itself from the temporary folder, the only
+# program left in the prefix: once every program has ended, so has it.
+timeout 300 wineserver -w || fail "the uninstaller did not end within five minutes"
 has_key "$uninstall_key" && fail "the uninstall entry is still there"
 for f in "${installed[@]}" incoming; do [ -e "$dir/$f" ] && fail "the uninstall left $f"; done
 [ -f "$dir/outgoing/Mine.fde" ] || fail "the uninstall removed the user's file in outgoing"
