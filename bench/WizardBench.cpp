@@ -13,6 +13,7 @@
 #include "TestProcess.h"
 #include "WineRegistry.h"
 #include "frmWizard.h"
+#include "WizardPages.h"
 #include "resource.h"
 
 namespace {
@@ -22,13 +23,7 @@ const std::string kFolder = "c:\\prismo-bench-wizard";
 constexpr double kExportPausesMs = 300 + kSchemes * 100;
 constexpr double kImportPausesMs = 300 + 300 + (kSchemes - 1) * 100;
 
-HWND Control(int id)
-{
-    HWND wizard = Wizard()->hwnd();
-    for (HWND page = GetWindow(wizard, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
-        if (HWND control = GetDlgItem(page, id)) return control;
-    return GetDlgItem(wizard, id);
-}
+HWND Control(int id) { return WizardControl(Wizard()->hwnd(), id); }
 
 std::string Text(int id)
 {

@@ -19,6 +19,7 @@
 #include "TestProcess.h"
 #include "WineRegistry.h"
 #include "WizardFiles.h"
+#include "WizardPages.h"
 #include "frmWizard.h"
 #include "modFileOp.h"
 #include "modRegKeys.h"
@@ -112,12 +113,7 @@ protected:
         EXPECT_TRUE(ShowWizard());
         return *Wizard();
     }
-    HWND Control(int id)
-    {
-        for (HWND page = GetWindow(Wizard()->hwnd(), GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
-            if (HWND control = GetDlgItem(page, id)) return control;
-        return GetDlgItem(Wizard()->hwnd(), id);
-    }
+    HWND Control(int id) { return WizardControl(Wizard()->hwnd(), id); }
     std::string Text(int id) { return TextOf(Control(id)); }
     bool Shown(int id) { return IsWindowVisible(Control(id)) != 0; }
     bool Enabled(int id) { return IsWindowEnabled(Control(id)) != 0; }

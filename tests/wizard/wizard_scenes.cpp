@@ -12,19 +12,13 @@
 #include "OptionsLoad.h"
 #include "OwnColors.h"
 #include "SceneReady.h"
+#include "WizardPages.h"
 #include "frmWizard.h"
 #include "modRegKeys.h"
 #include "modWin32API.h"
 #include "resource.h"
 
 namespace {
-
-HWND Find(HWND wizard, int id)
-{
-    for (HWND page = GetWindow(wizard, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
-        if (HWND control = GetDlgItem(page, id)) return control;
-    return nullptr;
-}
 
 void Click(HWND control) { SendMessageA(control, BM_CLICK, 0, 0); }
 
@@ -40,14 +34,14 @@ void CALLBACK MarkHalfway(HWND, UINT, UINT_PTR id, DWORD)
 void GoTo(frmWizard& wizard, int page)
 {
     const bool importing = page == frmWizard::fraImport;
-    Click(Find(wizard.hwnd(), importing ? IDC_WZ_OPTIMPORT : IDC_WZ_OPTEXPORT));
+    Click(WizardControl(wizard.hwnd(), importing ? IDC_WZ_OPTIMPORT : IDC_WZ_OPTEXPORT));
     if (page == frmWizard::fraOne) return;
     wizard.cmdNext_Click();
     if (importing) {
-        SetWindowTextA(Find(wizard.hwnd(), IDC_WZ_LBLIMPORT), "a:\\prismo schemes\\");
+        SetWindowTextA(WizardControl(wizard.hwnd(), IDC_WZ_LBLIMPORT), "a:\\prismo schemes\\");
         return;
     }
-    Click(Find(wizard.hwnd(), IDC_WZ_OPTONE));
+    Click(WizardControl(wizard.hwnd(), IDC_WZ_OPTONE));
     if (page == frmWizard::fraTwo) return;
     wizard.cmdNext_Click();
     if (page == frmWizard::fraThree) return;
