@@ -97,10 +97,19 @@ protected:
         return PumpUntil([&] { return !CommandRunning(prismo_.Id()); }, 30000);
     }
     bool ProgramMenuShown() { return sim_.Ctl("menu").find("Prism&o") != std::string::npos; }
+    // An entry of Prismo's menu in AOL chosen, as a click on it sends it.
+    void Menu(WPARAM command) { PostMessageA(sim_.Frame(), WM_COMMAND, command, 0); }
+    // The program's window holding control `childId`, once it shows; null when it never does.
+    HWND WindowHolding(int childId, DWORD ms = 20000)
+    {
+        HWND window = nullptr;
+        PumpUntil([&] { return (window = WindowWithChild(prismo_.Id(), childId)) != nullptr; }, ms);
+        return window;
+    }
     // Prism&o, Exit Prismo; true once the program has ended cleanly.
     bool ExitPrismo()
     {
-        PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);
+        Menu(60005);
         return prismo_.Wait(15000) == 0;
     }
 
@@ -120,8 +129,7 @@ protected:
     // "" when none came.
     std::string Message(DWORD ms = 20000)
     {
-        HWND box = nullptr;
-        PumpUntil([&] { return (box = WindowWithChild(prismo_.Id(), IDC_MSG_AREA)) != nullptr; }, ms);
+        HWND box = WindowHolding(IDC_MSG_AREA, ms);
         if (!box) return "";
         const std::string text = WindowText(GetDlgItem(box, IDC_MSG_AREA));
         Press(box, IDC_MSG_CMD0);

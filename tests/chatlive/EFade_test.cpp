@@ -13,12 +13,7 @@ protected:
         SetOption("E-Fade", "ShowEFToolbar", "True");
         Start(options + " --log \"" + log_ + "\"");
     }
-    HWND Toolbar(DWORD ms = 10000)
-    {
-        HWND bar = nullptr;
-        PumpUntil([&] { return (bar = WindowWithChild(prismo_.Id(), IDC_EF_FADE)) != nullptr; }, ms);
-        return bar;
-    }
+    HWND Toolbar(DWORD ms = 10000) { return WindowHolding(IDC_EF_FADE, ms); }
     // The watcher has looked at AOL twice since now: what it shows, it shows.
     void TwoTicks()
     {

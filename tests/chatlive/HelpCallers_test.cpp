@@ -15,13 +15,12 @@ namespace {
 
 class HelpCallersTest : public ChatLiveTest {
 protected:
-    void Menu(WPARAM command) { PostMessageA(sim_.Frame(), WM_COMMAND, command, 0); }
-    // One of Prismo's windows opened from its menu in AOL, by the child it holds.
-    HWND OpenFromMenu(WPARAM command, int childId)
+    // One of Prismo's windows opened from its menu in AOL, and its Help pressed.
+    HWND PressHelpOf(WPARAM command, int helpId)
     {
         Menu(command);
-        HWND window = nullptr;
-        PumpUntil([&] { return (window = WindowWithChild(prismo_.Id(), childId)) != nullptr; }, 15000);
+        HWND window = WindowHolding(helpId, 15000);
+        if (window) Press(window, helpId);
         return window;
     }
     // Where Prismo's help file lies: beside prismo.exe.
@@ -53,27 +52,9 @@ TEST_F(HelpCallersTest, EveryCallerOpensTheHelpFileAtItsKeywordAndBringsItToTheT
         {"Help, Table of Contents", [&] { Menu(62000); return panel_; }, "Table of Contents"},
         {"Help, Search for Help on...", [&] { Menu(62001); return panel_; }, ""},
         {"/help", [&] { EXPECT_EQ(Send("/help"), ""); return panel_; }, "Table of Contents"},
-        {"the wizard's Help",
-         [&] {
-             HWND wizard = OpenFromMenu(60003, IDC_WZ_HELP);
-             Press(wizard, IDC_WZ_HELP);
-             return wizard;
-         },
-         "Import Settings"},
-        {"the options' Help",
-         [&] {
-             HWND options = OpenFromMenu(60001, IDC_OP_HELP);
-             Press(options, IDC_OP_HELP);
-             return options;
-         },
-         "Options"},
-        {"the about box's Help",
-         [&] {
-             HWND about = OpenFromMenu(60004, IDC_AB_HELP);
-             Press(about, IDC_AB_HELP);
-             return about;
-         },
-         "Table Of Contents"},
+        {"the wizard's Help", [&] { return PressHelpOf(60003, IDC_WZ_HELP); }, "Import Settings"},
+        {"the options' Help", [&] { return PressHelpOf(60001, IDC_OP_HELP); }, "Options"},
+        {"the about box's Help", [&] { return PressHelpOf(60004, IDC_AB_HELP); }, "Table Of Contents"},
     };
 
     for (const Caller& caller : callers) {

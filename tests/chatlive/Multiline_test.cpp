@@ -77,12 +77,7 @@ protected:
     }
 
     // The program's multiline window once it is on view; null if it never comes.
-    HWND Window(DWORD ms = 10000)
-    {
-        HWND ml = nullptr;
-        PumpUntil([&] { return (ml = WindowWithChild(prismo_.Id(), IDC_ML_CHAT)) != nullptr; }, ms);
-        return ml;
-    }
+    HWND Window(DWORD ms = 10000) { return WindowHolding(IDC_ML_CHAT, ms); }
     HWND OpenByCommand()
     {
         EXPECT_EQ(Send("/multiline"), "");

@@ -76,14 +76,6 @@ private:
 
 class OptionsLiveTest : public ChatLiveTest {
 protected:
-    // Prismo's menu in AOL: &Options or &About Prismo.
-    void Menu(WPARAM command) { PostMessageA(sim_.Frame(), WM_COMMAND, command, 0); }
-    HWND WaitForWindowWith(int childId)
-    {
-        HWND window = nullptr;
-        PumpUntil([&] { return (window = WindowWithChild(prismo_.Id(), childId)) != nullptr; }, 15000);
-        return window;
-    }
     // The panel in the top left corner, clear of the dialog in the middle; the dialog open.
     HWND StartWithOptions()
     {
@@ -91,7 +83,7 @@ protected:
         SetOption("", "Left", "0");
         Start();
         Menu(60001);
-        return WaitForWindowWith(IDC_OP_EXIT);
+        return WindowHolding(IDC_OP_EXIT, 15000);
     }
     static void Click(HWND dialog, int id) { SendMessageA(GetDlgItem(dialog, id), BM_CLICK, 0, 0); }
 };
@@ -104,7 +96,7 @@ TEST_F(OptionsLiveTest, MenuAndChatCommandOpenOneDialogAndAModeChangeKeepsTheFad
     KeyWatch watch;
     ASSERT_TRUE(watch.Armed());
     Menu(60001);
-    HWND dialog = WaitForWindowWith(IDC_OP_EXIT);
+    HWND dialog = WindowHolding(IDC_OP_EXIT, 15000);
     ASSERT_TRUE(dialog) << "Options never opened from the menu";
     // The command runs once the line has gone: then the one dialog is still the only one.
     Send("/options");
@@ -147,7 +139,7 @@ TEST_F(OptionsLiveTest, AnAdvertisementAndAMultilineSendRunOnThroughARebuildOfTh
     EXPECT_EQ(Send("after the ad"), Faded("after the ad"));
 
     EXPECT_EQ(Send("/multiline"), "");
-    HWND ml = WaitForWindowWith(IDC_ML_CHAT);
+    HWND ml = WindowHolding(IDC_ML_CHAT, 15000);
     ASSERT_TRUE(ml);
     const std::string text = "first of three\r\nsecond of three\r\nthird of three";
     SendMessageA(GetDlgItem(ml, IDC_ML_CHAT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
@@ -193,7 +185,7 @@ TEST_F(OptionsLiveTest, TheAboutBoxFromTheMenuShowsTheVersionOverTheGradient)
 {
     Start();
     Menu(60004);
-    HWND about = WaitForWindowWith(IDC_AB_OK);
+    HWND about = WindowHolding(IDC_AB_OK, 15000);
     ASSERT_TRUE(about) << "About never opened from the menu";
     EXPECT_EQ(WindowText(about), "About Prismo!");
     // The version as Explorer reads it from the program's resource.

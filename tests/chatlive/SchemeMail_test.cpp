@@ -56,9 +56,7 @@ protected:
     HWND OpenMailer()
     {
         Press(panel_, IDC_CT_EMAIL);
-        HWND dialog = nullptr;
-        PumpUntil([&] { return (dialog = WindowWithChild(prismo_.Id(), IDC_EM_SCHEMES)) != nullptr; }, 10000);
-        return dialog;
+        return WindowHolding(IDC_EM_SCHEMES, 10000);
     }
     HWND List(HWND dialog) { return GetDlgItem(dialog, IDC_EM_SCHEMES); }
     std::vector<std::string> Listed(HWND dialog)

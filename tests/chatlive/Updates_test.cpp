@@ -101,17 +101,10 @@ protected:
     // Prism&o, Check for Updates.
     void Check() { PostMessageA(sim_.Frame(), WM_COMMAND, 60006, 0); }
 
-    // The program's window with the control `id`, once it shows.
-    HWND Showing(int id, DWORD ms = 20000)
-    {
-        HWND window = nullptr;
-        PumpUntil([&] { return (window = WindowWithChild(prismo_.Id(), id)) != nullptr; }, ms);
-        return window;
-    }
     UpdateShown Update()
     {
         UpdateShown shown;
-        shown.window = Showing(IDC_UP_REPORT);
+        shown.window = WindowHolding(IDC_UP_REPORT);
         if (!shown.window) return shown;
         shown.caption = WindowText(shown.window);
         shown.message = WindowText(GetDlgItem(shown.window, IDC_UP_MSG));
@@ -140,7 +133,7 @@ protected:
     // The common error report's details, answered Ignore; "" when none came.
     std::string ErrorReport()
     {
-        HWND report = Showing(IDC_ERR_DETAILS);
+        HWND report = WindowHolding(IDC_ERR_DETAILS);
         if (!report) return "";
         const std::string details = WindowText(GetDlgItem(report, IDC_ERR_DETAILS));
         Press(report, IDC_ERR_IGNORE);

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "ChatLiveFixture.h"
+#include "WizardPages.h"
 
 namespace ChatLive {
 namespace {
@@ -32,17 +33,11 @@ protected:
     // Prism&o, &Import/Export Wizard; the wizard once it is there.
     HWND OpenWizard()
     {
-        PostMessageA(sim_.Frame(), WM_COMMAND, 60003, 0);
-        PumpUntil([&] { return (wizard_ = WindowWithChild(prismo_.Id(), IDC_WZ_NEXT)) != nullptr; }, 20000);
-        return wizard_;
+        Menu(60003);
+        return wizard_ = WindowHolding(IDC_WZ_NEXT);
     }
     // A control of the wizard, on whichever page it sits.
-    HWND Control(int id)
-    {
-        for (HWND page = GetWindow(wizard_, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
-            if (HWND control = GetDlgItem(page, id)) return control;
-        return GetDlgItem(wizard_, id);
-    }
+    HWND Control(int id) { return WizardControl(wizard_, id); }
     std::string Text(int id) { return WindowText(Control(id)); }
     bool Shown(int id) { return IsWindowVisible(Control(id)) != 0; }
     // A click as the mouse gives it; true once `done` holds.
@@ -50,13 +45,6 @@ protected:
     {
         PostMessageA(Control(id), BM_CLICK, 0, 0);
         return PumpUntil(done, 20000);
-    }
-    // The program's dialog holding `childId`, once it has come.
-    HWND Dialog(int childId)
-    {
-        HWND found = nullptr;
-        PumpUntil([&] { return (found = WindowWithChild(prismo_.Id(), childId)) != nullptr; }, 20000);
-        return found;
     }
 
     // From the first page to the confirmation of an export to the hard
@@ -73,7 +61,7 @@ protected:
         })) << "no hard disk offered";
         ASSERT_TRUE(Click(IDC_WZ_OPTONE + hardDisk, [&] { return Text(IDC_WZ_LBLPATH) == "c:\\"; }));
         PostMessageA(Control(IDC_WZ_SUBFOLDER), BM_CLICK, 0, 0);
-        HWND input = Dialog(IDC_IB_TEXT);
+        HWND input = WindowHolding(IDC_IB_TEXT);
         ASSERT_TRUE(input) << "no input box";
         SendMessageA(GetDlgItem(input, IDC_IB_TEXT), WM_SETTEXT, 0,
                      reinterpret_cast<LPARAM>(kExportFolder.substr(3).c_str()));
@@ -198,7 +186,7 @@ TEST_F(WizardLiveTest, AOLClosingOrExitPrismoMidCopyEndsTheCopyAndTheProgramClea
         if (closeAOL)
             sim_.Ctl("quit");
         else
-            PostMessageA(sim_.Frame(), WM_COMMAND, 60005, 0);
+            Menu(60005);
         const HWND box = MessageOrEnd();
         EXPECT_EQ(box, nullptr) << closeAOL << ": " << WindowText(GetDlgItem(box, IDC_MSG_AREA));
         EXPECT_EQ(prismo_.Wait(10000), 0) << closeAOL;
