@@ -1,6 +1,6 @@
 // The wizard's file statements on real disks. A drive whose root cannot be
-// found has no disk in it: that is error 71, whatever the system said about
-// the path, so the user is asked to insert one.
+// found has no disk in it: a failure there is error 71, whatever the system
+// said about the path, so the user is asked to insert one.
 #include "WizardFiles.h"
 
 #include <windows.h>
@@ -15,12 +15,6 @@
 
 namespace {
 
-bool DriveRootExists(const std::string& path)
-{
-    if (path.size() < 3 || path[1] != ':') return true;  // not on a lettered drive: the path decides
-    return GetFileAttributesA(path.substr(0, 3).c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 // A folder that is there, the root of a drive too (an empty diskette's root
 // lists nothing, so a search cannot tell).
 bool FolderExists(std::string folder)
@@ -30,9 +24,17 @@ bool FolderExists(std::string folder)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
+// Raises "no disk" (71) when the path's drive has no root to be found.
+void RequireDisk(const std::string& path)
+{
+    const bool lettered = path.size() >= 3 && path[1] == ':';
+    if (lettered && !FolderExists(path.substr(0, 3)))
+        throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
+}
+
 [[noreturn]] void RaiseFileError(const std::string& path, DWORD code)
 {
-    if (!DriveRootExists(path)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
+    RequireDisk(path);
     RaiseWin32Error(code);
 }
 
@@ -66,7 +68,7 @@ public:
 
     std::vector<std::string> Search(const std::string& folder) override
     {
-        if (!DriveRootExists(folder)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
+        RequireDisk(folder);  // a listing of a missing drive is merely empty
         std::vector<std::string> schemes;
         for (const std::string& file : FileNames(folder + "*.fde"))
             if (IsSchemeFileName(file)) schemes.push_back(file);
@@ -75,8 +77,12 @@ public:
 
     void ImportOne(const std::string& folder, const std::string& name) override
     {
-        if (!DriveRootExists(folder)) throw RuntimeError(Err::DiskNotReady, RuntimeErrorText(Err::DiskNotReady));
-        UpdateFadeReg(folder, name);
+        try {
+            UpdateFadeReg(folder, name);
+        } catch (const RuntimeError&) {
+            RequireDisk(folder);
+            throw;
+        }
     }
 };
 
